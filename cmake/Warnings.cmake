@@ -1,0 +1,18 @@
+# Compiler settings of every target of our own: link parlune_settings.
+add_library(parlune_settings INTERFACE)
+target_include_directories(parlune_settings INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(parlune_settings INTERFACE
+  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
+  -Woverloaded-virtual -Wcast-align -Wformat=2 -Wimplicit-fallthrough -Wunused)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(parlune_settings INTERFACE -Wduplicated-cond -Wlogical-op -Wuseless-cast -Wextra-semi)
+else()
+  target_compile_options(parlune_settings INTERFACE -Wextra-semi -Wnewline-eof -Wrange-loop-analysis -Wthread-safety)
+endif()
+if(PARLUNE_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(PARLUNE_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()

@@ -1,0 +1,32 @@
+#pragma once
+#include "engine/Host.h"
+#include "platform/CharacterEngine.h"
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace engine {
+
+// Where characters come from.
+class ICharacterSource {
+public:
+    virtual ~ICharacterSource() = default;
+    // The character of a file. A name without a path is looked for in the character folders. Throws platform::CFailure
+    // with the engine's error codes (file not found, not a character file, too old ...).
+    virtual CharacterRef Load(const std::string& file) = 0;
+    // The user's default character. Throws NoStandardCharacter when there is none.
+    virtual CharacterRef LoadDefault() = 0;
+};
+
+struct EngineSettings {
+    bool balloonsOn = true;
+    bool speechOn = true;
+    bool soundEffectsOn = true;
+    std::int32_t readingWordsPerMinute = 170;  // Pace of the balloon without a voice.
+};
+
+// A control of our own engine, with its characters drawn, moved and spoken through `host`. Borrows both for its lifetime.
+std::shared_ptr<platform::ICharacterEngine> CreateEngine(IHost& host, ICharacterSource& source,
+                                                         const EngineSettings& settings = {});
+
+}

@@ -1,0 +1,35 @@
+#pragma once
+#include <string>
+#include <vector>
+
+namespace platform {
+
+enum class EntryKind { None, File, Folder };
+
+// Folders and files. Paths are UTF-8 and use this platform's separator. Failures are thrown as CFailure (53, 70, 75, 76
+// ...).
+class IFiles {
+public:
+    virtual ~IFiles() = default;
+    virtual char Separator() const = 0;
+    // The system's own folders, as the system spells them (with or without a separator at the end), at most `limit`
+    // bytes. "Windows folder" is the folder that holds the character folder.
+    virtual std::string WindowsFolder(std::size_t limit) const = 0;
+    virtual std::string SystemFolder(std::size_t limit) const = 0;
+    virtual std::string TemporaryFolder(std::size_t limit) const = 0;
+    virtual std::string ProgramFolder() const = 0;
+    virtual std::string CurrentFolder() const = 0;
+
+    // What a path names; None also when it cannot be looked at.
+    virtual EntryKind Kind(const std::string& path) const = 0;
+    // Creates one folder; its parent must exist.
+    virtual void MakeFolder(const std::string& path) = 0;
+    // Names (without folder) of the entries that match a path with wildcards ("*" and "?", case does not matter),
+    // hidden and system entries included, in the system's order; may hold "." and "..". Empty when nothing matches or
+    // the folder cannot be read.
+    virtual std::vector<std::string> Match(const std::string& pattern) const = 0;
+    // The whole of a text file as text: see "Text" in docs/architecture.md for encodings and line ends.
+    virtual std::string ReadText(const std::string& path) const = 0;
+};
+
+}

@@ -1,0 +1,90 @@
+#include "ui/controls/CControl.h"
+#include "platform/Failure.h"
+
+namespace ui {
+namespace {
+void Tell(const std::function<void()>& peer)
+{
+    if (peer)
+        peer();
+}
+}
+
+CControl::CControl(CForm& form, std::string name, std::string caption)
+    : m_form(form), m_name(std::move(name)), m_caption(std::move(caption))
+{
+    m_form.m_controls.push_back(this);
+}
+
+void CControl::SetFocus()
+{
+    if (!m_enabled || !m_visible)
+        throw platform::failure::InvalidCall();
+    m_form.m_focused = this;
+    Tell(m_form.m_peer.focusMoved);
+}
+
+bool CControl::HasFocus() const { return m_form.m_focused == this; }
+
+CForm::CForm(std::string name, std::string caption) : m_name(std::move(name)), m_caption(std::move(caption)) {}
+
+void CForm::SetCaption(std::string caption)
+{
+    if (m_caption == caption)
+        return;
+    m_caption = std::move(caption);
+    Tell(m_peer.changed);
+}
+
+void CForm::Load()
+{
+    if (m_loaded)
+        return;
+    m_loaded = true;
+    if (onLoad)
+        onLoad();
+}
+
+bool CForm::Unload(UnloadMode mode)
+{
+    if (!m_loaded || m_closing)
+        return true;
+    m_closing = true;
+    const bool mayClose = !onQueryUnload || onQueryUnload(mode);
+    if (mayClose) {
+        if (onUnload)
+            onUnload();
+        m_visible = false;
+        m_loaded = false;
+        Tell(m_peer.changed);
+        Tell(m_peer.unloaded);
+    }
+    m_closing = false;
+    return mayClose;
+}
+
+void CForm::SetVisible(bool visible)
+{
+    if (visible)
+        Load();
+    if (m_visible == visible)
+        return;
+    m_visible = visible;
+    Tell(m_peer.changed);
+}
+
+void CForm::SetState(WindowState state)
+{
+    if (m_state == state)
+        return;
+    m_state = state;
+    Tell(m_peer.changed);
+    if (onResize)
+        onResize();
+}
+
+void CForm::BringToFront() { Tell(m_peer.bringToFront); }
+
+void CForm::Activate() { Tell(m_peer.activate); }
+
+}
