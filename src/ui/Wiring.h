@@ -1,0 +1,8 @@
+#pragma once
+
+namespace ui {
+
+// Ties every control, window and engine event to its procedure. Once per run, before the start-up window is loaded.
+void WireProgram();
+
+}
