@@ -1,0 +1,75 @@
+# The real program on a private desktop: start it, find its windows, use it like a person does. Source desktop.sh before and set
+# `program` to the executable.
+# shellcheck shell=bash
+
+parlune_pid=
+
+# put_option NAME VALUE: stores an option before the program starts.
+put_option() {
+    local file=$XDG_CONFIG_HOME/parlune/registry.txt
+    mkdir -p "${file%/*}"
+    printf '%s=%s\n' "$1" "$2" >>"$file"
+}
+
+parlune_start() {
+    "$program" "$@" >"$desktop/parlune.log" 2>&1 &
+    parlune_pid=$!
+}
+
+# Ends Parlune as the session's end does; fails if it does not end within ten seconds with exit code 0.
+parlune_end() {
+    kill -"${1:-TERM}" "$parlune_pid"
+    if ! wait_until 10 has_ended "$parlune_pid"; then parlune_kill; return 1; fi
+    local code=0 pid=$parlune_pid
+    parlune_pid=
+    wait "$pid" || code=$?
+    return $code
+}
+
+parlune_kill() {
+    [ -n "$parlune_pid" ] || return 0
+    kill -9 "$parlune_pid" 2>/dev/null || true
+    wait "$parlune_pid" 2>/dev/null || true
+    parlune_pid=
+}
+
+visible_window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | head -n 1; }
+character_window() { visible_window '^Parlune character$'; }
+balloon_window() { visible_window '^Parlune balloon$'; }
+options_window() { visible_window '^Parlune$'; }
+character_visible() { [ -n "$(character_window)" ]; }
+balloon_visible() { [ -n "$(balloon_window)" ]; }
+options_visible() { [ -n "$(options_window)" ]; }
+
+# The place of a window on the screen as WIDTHxHEIGHT+LEFT+TOP.
+place_of() {
+    xwininfo -id "$1" | awk '/Absolute upper-left X/ { x = $NF } /Absolute upper-left Y/ { y = $NF } /^ +Width/ { w = $NF }
+        /^ +Height/ { h = $NF } END { print w "x" h "+" x "+" y }'
+}
+
+# Two presses on the middle of the character.
+double_click_character() {
+    local place width height left top
+    place=$(place_of "$(character_window)")
+    IFS='x+' read -r width height left top <<<"$place"
+    xdotool mousemove $((left + width / 2)) $((top + height / 2)) click --repeat 2 --delay 60 1
+}
+
+# Nothing has been heard for a second: no stream of the program runs.
+is_playing() { pactl list sink-inputs | grep -q 'Corked: no'; }
+is_silent() {
+    local i
+    for i in 1 2 3 4 5 6 7 8 9 10; do
+        if is_playing || balloon_visible; then return 1; fi
+        sleep 0.1
+    done
+}
+
+# Used once after the start: true when the greeting was begun and is over.
+has_greeted() {
+    if [ -z "${greeting_begun:-}" ]; then
+        balloon_visible && greeting_begun=1
+        return 1
+    fi
+    is_silent
+}
