@@ -40,6 +40,8 @@ void CForm::Load()
 {
     if (m_loaded)
         return;
+    if (onCreate)
+        onCreate();
     m_loaded = true;
     if (onLoad)
         onLoad();

@@ -96,7 +96,8 @@ public:
     CControl* Focused() const { return m_focused; }
     const std::vector<CControl*>& Controls() const { return m_controls; }
 
-    // The window's procedures, wired by the program.
+    // The window's procedures, wired by the program. What onCreate throws leaves the form unloaded.
+    std::function<void()> onCreate;
     std::function<void()> onLoad;
     std::function<void()> onResize;
     std::function<bool(UnloadMode)> onQueryUnload;  // False: stay open.

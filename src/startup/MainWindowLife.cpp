@@ -1,0 +1,121 @@
+#include "startup/MainWindowLife.h"
+#include "character/CharacterSession.h"
+#include "character/Greeting.h"
+#include "common/bGlobal.h"
+#include "common/zbErrorTrap.h"
+#include "platform/CharacterEngine.h"
+#include "platform/EventPump.h"
+#include "platform/Platform.h"
+#include "reading/bClipboard.h"
+#include "settings/OptionsRecord.h"
+#include "settings/bOptions.h"
+#include "startup/bInit.h"
+#include "ui/Menus.h"
+#include "ui/frmParlune.h"
+#include "ui/frmSplash.h"
+#include "ui/frmSysTray.h"
+#include "ui/zbSysTray.h"
+
+namespace mainWindow {
+namespace {
+
+void Yield() { platform::Current().events.RunPendingEvents(); }
+
+void LoadAndGreet()
+{
+    if (MainWindow().chkStartUpHideInTray.Ticked()) {
+        ui::RefreshMenu(/*shown*/ false);
+        return;
+    }
+    if (!character::CharLoad(settings::Options().Character, /*show*/ true))
+        return;
+    Yield();
+    character::Greet(bGlobal::RandRange(0, 4), /*check*/ true);
+}
+
+void ShowOrMinimize()
+{
+    if (settings::Options().FirstTime)
+        MainWindow().SetVisible(true);
+    else
+        MainWindow().SetState(ui::WindowState::Minimized);
+}
+
+void UnloadOtherWindows()
+{
+    zbErrorTrap::IgnoreFailure([] { SplashWindow().Unload(); });
+    zbErrorTrap::IgnoreFailure([] { TrayWindow().Unload(); });
+}
+
+}
+
+void Create() { platform::Current().characterEngines.RequireForMainWindow(); }
+
+void Form_Load()
+{
+    const zbErrorTrap::CGuard guard("Parlune", "Parlune Startup");
+
+    guard([] { bInit::Initialize(); });
+    guard([] { SplashWindow().Unload(); });
+    guard([] { Yield(); });
+    guard([] { MainWindow().tabMain.Select(0); });
+    guard([] { zbSysTray::AddTrayIcon(); });
+    guard([] { Yield(); });
+    guard([] { LoadAndGreet(); });
+    guard([] { ShowOrMinimize(); });
+    guard([] { Yield(); });
+    guard([] {
+        if (MainWindow().chkMonitorClipboard.Ticked())
+            bClipboard::SetClipboardMonitor(true);
+    });
+    guard([] { MainWindow().tmrTimer.SetEnabled(MainWindow().chkSayTime.Ticked()); });
+}
+
+void Form_Resize()
+{
+    switch (MainWindow().State()) {
+    case ui::WindowState::Normal:
+        MainWindow().SetVisible(true);
+        break;
+    case ui::WindowState::Minimized:
+        MainWindow().SetVisible(false);
+        break;
+    case ui::WindowState::Maximized:
+        break;
+    }
+}
+
+bool Form_QueryUnload(ui::UnloadMode mode)
+{
+    if (mode == ui::UnloadMode::ControlMenu && MainWindow().chkMinimizeOnClose.Ticked()) {
+        MainWindow().SetState(ui::WindowState::Minimized);
+        return false;
+    }
+    const zbErrorTrap::CGuard guard("Parlune", "Form_QueryUnload");
+    guard([] {
+        if (bClipboard::Monitoring())
+            bClipboard::SetClipboardMonitor(false);
+    });
+    UnloadOtherWindows();
+    return true;
+}
+
+void Form_Unload()
+{
+    bOptions::SetOptions();
+    zbSysTray::DeleteTrayIcon();
+}
+
+void Exit()
+{
+    MainWindow().tmrTimer.SetEnabled(false);
+    MainWindow().Unload(ui::UnloadMode::Code);
+}
+
+void ShowOptions()
+{
+    MainWindow().SetState(ui::WindowState::Normal);
+    MainWindow().SetVisible(true);
+}
+
+}
