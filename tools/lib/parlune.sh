@@ -5,11 +5,21 @@
 parlune_pid=
 
 # put_option NAME VALUE: stores an option before the program starts.
+declare -A put_options=()
 put_option() {
-    local file=$XDG_CONFIG_HOME/parlune/registry.txt
+    local file=$XDG_CONFIG_HOME/parlune/registry.txt name
+    put_options[$1]=$2
     mkdir -p "${file%/*}"
-    printf '%s=%s\n' "$1" "$2" >>"$file"
+    {
+        echo '# Parlune registry 1'
+        echo '[CurrentUser\Software\Tarrowind\Parlune]'
+        for name in "${!put_options[@]}"; do printf '"%s" = "%s"\n' "$name" "${put_options[$name]}"; done
+        echo '# end'
+    } >"$file"
 }
+
+# What the program has stored for an option; nothing when it has not.
+stored_option() { sed -n "s/^\"$1\" = \"\(.*\)\"\$/\1/p" "$XDG_CONFIG_HOME/parlune/registry.txt"; }
 
 parlune_start() {
     "$program" "$@" >"$desktop/parlune.log" 2>&1 &
