@@ -1,0 +1,93 @@
+# Starting, ending, and what is on the disk afterwards.
+# shellcheck shell=bash
+
+test_Terminate_FirstRun_SavesTheOptions() {
+    desktop_start
+    parlune_start
+    expect_within 20 "the character is on the desktop" character_visible
+    expect "it ends well" parlune_end TERM
+    expect "the next start will not be the first" [ "$(stored_option FirstTime)" = 0 ]
+}
+
+test_Interrupt_FirstRun_SavesTheOptions() {
+    desktop_start
+    parlune_start
+    expect_within 20 "the character is on the desktop" character_visible
+    expect "it ends well" parlune_end INT
+    expect "the next start will not be the first" [ "$(stored_option FirstTime)" = 0 ]
+}
+
+# The moment is different each time: from long before the file is written to long after.
+test_Kill_WhileSaving_LosesNothing() {
+    desktop_start nosound
+    local delay
+    for delay in 0 0.002 0.004 0.006 0.008 0.010 0.015 0.02 0.03 0.05 0.1; do
+        put_options=([UserName]=Ada [FirstTime]=1)
+        put_option ReadGreeting 0
+        parlune_start
+        expect_within 20 "the character is on the desktop" character_visible || return
+        kill -TERM "$parlune_pid"
+        sleep "$delay"
+        parlune_kill
+        expect "the file is whole, killed after $delay s" file_is_whole || return
+        expect "the user's name is kept, killed after $delay s" [ "$(stored_option UserName)" = Ada ] || return
+    done
+}
+file_is_whole() {
+    local file=$XDG_CONFIG_HOME/parlune/registry.txt
+    [ "$(head -n 1 "$file")" = '# Parlune registry 1' ] && [ "$(tail -n 1 "$file")" = '# end' ]
+}
+
+test_SecondStart_WhileRunning_EndsAndBringsTheWindow() {
+    desktop_start nosound
+    companion_on_desktop
+    expect_not "the options are hidden" options_visible
+    local first=$parlune_pid code=0
+    timeout 5 "$program" || code=$?
+    expect "the second start ends at once, exit code $code" [ "$code" = 0 ]
+    expect_within 3 "the options window comes" options_visible
+    expect "the first one runs on" parlune_runs
+    expect "it is the first one" [ "$first" = "$parlune_pid" ]
+    expect "it ends well" parlune_end
+}
+
+test_Start_WithoutADisplay_SaysSo() {
+    desktop_start nosound
+    local code=0
+    env -u DISPLAY -u WAYLAND_DISPLAY "$program" >"$desktop/said" 2>&1 || code=$?
+    expect "exit code 1, not $code" [ "$code" = 1 ]
+    expect "it speaks of the display" grep -qi display "$desktop/said"
+}
+
+test_Start_DamagedRegistryFile_Starts() {
+    desktop_start nosound
+    mkdir -p "$XDG_CONFIG_HOME/parlune"
+    head -c 20000 /dev/urandom >"$XDG_CONFIG_HOME/parlune/registry.txt"
+    parlune_start
+    expect_within 20 "the character is on the desktop" character_visible
+    expect "it ends well" parlune_end
+    expect "the file is whole again" file_is_whole
+}
+
+test_Start_HalfARegistryFile_KeepsWhatIsThere() {
+    desktop_start nosound
+    put_option UserName Ada
+    put_option ReadGreeting 0
+    sed -i '$d' "$XDG_CONFIG_HOME/parlune/registry.txt"
+    printf '"Character" = "brok' >>"$XDG_CONFIG_HOME/parlune/registry.txt"
+    parlune_start
+    expect_within 20 "the character is on the desktop" character_visible
+    expect "it ends well" parlune_end
+    expect "the user's name is kept" [ "$(stored_option UserName)" = Ada ]
+}
+
+test_Start_DamagedSettingsFile_Starts() {
+    desktop_start nosound
+    local folder
+    for folder in "$XDG_CONFIG_HOME/Parlune" "$XDG_CONFIG_HOME/parlune" "$XDG_CONFIG_HOME"; do
+        mkdir -p "$folder"
+        head -c 20000 /dev/urandom >"$folder/Parlune.ini"
+    done
+    companion_on_desktop
+    expect "it ends well" parlune_end
+}

@@ -1,0 +1,44 @@
+# What happens when the system's sound or its voices are missing.
+# shellcheck shell=bash
+
+test_DoubleClick_WithoutASoundServer_ShowsTheTextAtSpeakingPace() {
+    desktop_start nosound
+    companion_on_desktop
+    copy_text "$middle_text"
+    double_click_character
+    expect_within 3 "a balloon comes" balloon_visible
+    local begun=$EPOCHREALTIME
+    expect_within 30 "the balloon goes" is_silent
+    expect "it takes the time of speaking" is_between 3 "$(seconds_since "$begun")" 20
+    expect "it ends well" parlune_end
+}
+
+test_SoundServerGone_WhileSpeaking_TheTextGoesOn() {
+    desktop_start
+    companion_on_desktop
+    copy_text "$long_text"
+    double_click_character
+    expect_within 3 "the speech is heard" is_playing
+    kill -9 "$desktop_sound_pid"
+    sleep 1
+    expect "the balloon is still there" balloon_visible
+    expect_within 40 "the balloon goes" is_silent
+    copy_text "$short_text"
+    double_click_character
+    expect_within 3 "the next text is shown" balloon_visible
+    expect "it ends well" parlune_end
+}
+
+test_DoubleClick_WithoutVoices_ShowsTheText() {
+    desktop_start
+    mkdir -p "$desktop/empty/espeak-ng-data"
+    export ESPEAK_DATA_PATH=$desktop/empty
+    companion_on_desktop
+    copy_text "$short_text"
+    double_click_character
+    expect_within 3 "a balloon comes" balloon_visible
+    expect_within 20 "the balloon goes" is_silent
+    expect "it ends well" parlune_end
+}
+
+seconds_since() { awk -v now="$EPOCHREALTIME" -v then="$1" 'BEGIN { print now - then }'; }

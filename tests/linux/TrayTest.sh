@@ -1,0 +1,19 @@
+# Waiting in the tray.
+# shellcheck shell=bash
+
+test_Start_HiddenInTheTray_CostsNothing() {
+    desktop_start
+    desktop_server trayer trayer --edge bottom --height 24
+    put_option FirstTime 0
+    put_option StartUpHideInTray 1
+    parlune_start
+    expect_within 10 "its icon is in the tray" icon_in_tray
+    expect_not "no character comes" wait_until 3 character_visible
+    local before after
+    before=$(processor_ticks)
+    sleep 5
+    after=$(processor_ticks)
+    expect "no processor time in five seconds, used: $((after - before)) ticks" [ $((after - before)) -le 1 ]
+    expect "it ends well" parlune_end
+}
+icon_in_tray() { xwininfo -tree -id "$(xdotool search --class trayer | head -n 1)" | grep -qi parlune; }

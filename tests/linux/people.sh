@@ -1,0 +1,37 @@
+# What the tests here do again and again.
+# shellcheck shell=bash
+
+# A desktop with Parlune on it, its character visible and silent. Options are put before.
+companion_on_desktop() {
+    put_option FirstTime 0
+    put_option ReadGreeting 0
+    parlune_start "$@"
+    expect_within 20 "the character is on the desktop" character_visible
+}
+
+# copy_text TEXT: as another program does it.
+copy_text() { printf '%s' "$1" | xclip -selection clipboard -i >/dev/null 2>&1; }
+
+copy_picture() {
+    convert -size 32x32 xc:orange "$desktop/picture.png"
+    xclip -selection clipboard -t image/png -i "$desktop/picture.png" >/dev/null 2>&1
+}
+
+# Seconds in a recording that are not silence.
+seconds_heard() {
+    sox -t raw -r 22050 -e signed -b 16 -c 1 "$1" -n silence -l 1 0.02 1% -1 0.15 1% stat 2>&1 | awk '/Length/ { print $3 }'
+}
+
+# is_between LOW X HIGH, with fractions.
+is_between() { awk -v low="$1" -v x="$2" -v high="$3" 'BEGIN { exit !(low <= x && x <= high) }'; }
+
+parlune_runs() { ! has_ended "$parlune_pid"; }
+
+# Processor time of the program so far, in hundredths of a second.
+processor_ticks() { awk '{ print $14 + $15 }' "/proc/$parlune_pid/stat"; }
+
+# Something that takes about two, five and twelve seconds to say.
+short_text="This is the second text."
+middle_text="The first text is longer. It talks about the weather, which is fine today, and about nothing else."
+long_text="The long text goes on and on. It talks about the weather, which is fine today, and about the garden. Then it talks about
+the roses in the garden, about the bees in the roses, and about the honey that the bees will make of them in the summer."
