@@ -57,7 +57,10 @@ struct Match {
 };
 using Matches = std::array<Match, DistanceClasses.size()>;  // The longest one of each class.
 
-unsigned LengthBits(std::uint32_t length, std::uint32_t shortest) { return std::bit_width(length - shortest + 1) - 1U; }
+unsigned LengthBits(std::uint32_t length, std::uint32_t shortest)
+{
+    return std::bit_width(length - shortest + 1) - 1U;
+}
 
 std::uint32_t BitsOfCopy(const DistanceClass& distances, std::uint32_t length)
 {
