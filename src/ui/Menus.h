@@ -6,5 +6,8 @@ namespace ui {
 void RefreshMenu(bool shown);
 // The announcement timer runs exactly while announcements are switched on. Failures are ignored.
 void ReevaluateTimer();
+// Opens the popup menu for a click on the character: the main window comes to the front first, so that the menu closes
+// when the user clicks elsewhere.
+void PopUpCharacterMenu();
 
 }

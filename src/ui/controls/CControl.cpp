@@ -89,4 +89,10 @@ void CForm::BringToFront() { Tell(m_peer.bringToFront); }
 
 void CForm::Activate() { Tell(m_peer.activate); }
 
+void CForm::PopUpMenu(CMenuItem& menu)
+{
+    if (m_peer.popUpMenu)
+        m_peer.popUpMenu(menu);
+}
+
 }

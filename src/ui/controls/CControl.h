@@ -10,6 +10,7 @@
 namespace ui {
 
 class CForm;
+class CMenuItem;
 
 class CControl {
 public:
@@ -92,6 +93,7 @@ public:
     void SetState(WindowState state);  // Runs Resize when it changes.
     void BringToFront();               // Asks the peer to put the window before all others.
     void Activate();                   // The same, and gives it the focus.
+    void PopUpMenu(CMenuItem& menu);   // Asks the peer to show a menu of this window at the mouse position.
 
     CControl* Focused() const { return m_focused; }
     const std::vector<CControl*>& Controls() const { return m_controls; }
@@ -108,6 +110,7 @@ public:
         std::function<void()> changed;  // Caption, visibility or state.
         std::function<void()> bringToFront;
         std::function<void()> activate;
+        std::function<void(CMenuItem& menu)> popUpMenu;
         std::function<void()> unloaded;
         std::function<void()> focusMoved;
     };
