@@ -1,0 +1,133 @@
+#include "reading/bRead.h"
+#include "character/bParlune.h"
+#include "common/Text.h"
+#include "common/bGlobal.h"
+#include "common/zbErrorTrap.h"
+#include "common/zbGetFileName.h"
+#include "platform/Clipboard.h"
+#include "platform/EventPump.h"
+#include "platform/Files.h"
+#include "platform/Platform.h"
+#include "reading/TextPieces.h"
+#include "settings/OptionsRecord.h"
+#include "ui/frmParlune.h"
+
+namespace {
+
+constexpr char Module[] = "bReadTextFile";
+
+void Yield() { platform::Current().events.RunPendingEvents(); }
+
+void Speak(const std::string& piece) { bParlune::CharSpeak(piece); }
+
+void PlayIfWanted(const char* animation)
+{
+    if (MainWindow().chkPlayReadAnimation.Ticked())
+        bParlune::CharPlay(animation);
+}
+
+std::string ClipboardText()
+{
+    const platform::IClipboard& clipboard = platform::Current().clipboard;
+    return clipboard.HasText() ? clipboard.Text() : std::string();
+}
+
+// The new text takes the place of the present speech, unless reading commands wait for each other.
+void InterruptUnlessQueued()
+{
+    if (MainWindow().chkQueueReadCommands.Value() != 1)
+        bParlune::CharStop();
+}
+
+std::string AskForTextFile()
+{
+    return zbGetFileName::GetFileName("Open", "Text Documents (*.txt)|*.txt|All Files|*.*", 2,
+                                      settings::Options().LastFolder, "", "TXT", "Read Text File");
+}
+
+std::string SelectedText(const ui::CTextBox& box)
+{
+    return std::string(text::Mid(box.Text(), static_cast<std::size_t>(box.SelectionStart()) + 1,
+                                 static_cast<std::size_t>(box.SelectionLength())));
+}
+
+// Deliberate: reading starts one character before the caret.
+std::string TextFromCaret(const ui::CTextBox& box)
+{
+    const auto caret = static_cast<std::size_t>(box.SelectionStart());
+    if (caret == 0 || caret == text::Length(box.Text()))
+        return box.Text();
+    return std::string(text::Mid(box.Text(), caret));
+}
+
+void ReadEditor(const ui::CTextBox& editor)
+{
+    if (editor.Text().empty()) {
+        bRead::ReadClipboard();
+        return;
+    }
+    const std::string selection = SelectedText(editor);
+    bParlune::CharSpeak(selection.empty() ? TextFromCaret(editor) : selection);
+}
+
+}
+
+void bRead::ReadContents(const std::string& text)
+{
+    const zbErrorTrap::CGuard guard(Module, "ReadContents");
+    guard([&] {
+        PlayIfWanted("Read");
+        if (reading::IsShort(text))
+            Speak(text);
+        else
+            reading::CutIntoPieces(text, Yield, Speak);
+        PlayIfWanted("ReadReturn");
+    });
+}
+
+void bRead::ReadClipboard()
+{
+    const zbErrorTrap::CGuard guard(Module, "ReadClipboard");
+    guard([] {
+        const std::string text = ClipboardText();
+        if (text.empty())
+            return;
+        const bool wasVisible = bParlune::CharVisible();
+        if (!wasVisible)
+            bParlune::CharShow();
+        InterruptUnlessQueued();
+        ReadContents(text);
+        // Deliberate: at once, although the text is only queued.
+        if (!wasVisible)
+            bParlune::CharHide();
+    });
+}
+
+void bRead::ReadTextFile(const std::string& path)
+{
+    const zbErrorTrap::CGuard guard(Module, "ReadTextFile");
+    settings::OptionsRecord& options = settings::Options();
+    std::string file = path;
+    std::string text;
+    if (file.empty()) {
+        if (options.LastFolder.empty())
+            guard([&] { options.LastFolder = platform::Current().files.CurrentFolder(); });
+        guard([&] { file = AskForTextFile(); });
+        if (file.empty())
+            return;
+    }
+    guard([&] { options.LastFolder = bGlobal::FolderPart(file); });
+    guard([&] { text = platform::Current().files.ReadText(file); });
+    guard([] { Yield(); });
+    if (!text.empty())
+        ReadContents(text);
+}
+
+void bRead::ReadText()
+{
+    const zbErrorTrap::CGuard guard("Parlune", "ReadText");
+    guard([] {
+        bParlune::CharShow();
+        ReadEditor(MainWindow().txtRead);
+    });
+}
