@@ -1,0 +1,82 @@
+#include "common/Text.h"
+#include "common/Utf8.h"
+#include <algorithm>
+
+namespace text {
+namespace {
+
+char AsciiLower(char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter; }
+
+bool SameLetter(char left, char right) { return AsciiLower(left) == AsciiLower(right); }
+
+// Where the character number `count` (from 0) begins, in bytes; the text's size when there are fewer.
+std::size_t OffsetOf(std::string_view text, std::size_t count)
+{
+    std::size_t offset = 0;
+    for (; count > 0 && offset < text.size(); --count)
+        offset += FirstCharacter(text.substr(offset)).size;
+    return offset;
+}
+
+template <class Find> std::string ReplaceFound(std::string_view text, std::size_t length, std::string_view with, Find find)
+{
+    std::string result;
+    for (std::size_t found = find(text); found != std::string_view::npos; found = find(text)) {
+        result.append(text.substr(0, found)).append(with);
+        text.remove_prefix(found + length);
+    }
+    return result.append(text);
+}
+
+}
+
+std::string_view Trim(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos)
+        return {};
+    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::size_t Length(std::string_view text)
+{
+    std::size_t length = 0;
+    for (std::size_t offset = 0; offset < text.size(); ++length)
+        offset += FirstCharacter(text.substr(offset)).size;
+    return length;
+}
+
+std::string_view Left(std::string_view text, std::size_t count) { return text.substr(0, OffsetOf(text, count)); }
+
+std::string_view Mid(std::string_view text, std::size_t start)
+{
+    return text.substr(OffsetOf(text, start == 0 ? 0 : start - 1));
+}
+
+std::string_view Mid(std::string_view text, std::size_t start, std::size_t count) { return Left(Mid(text, start), count); }
+
+std::string Replace(std::string_view text, std::string_view what, std::string_view with)
+{
+    if (what.empty())
+        return std::string(text);
+    return ReplaceFound(text, what.size(), with, [&](std::string_view rest) { return rest.find(what); });
+}
+
+std::string ReplaceIgnoringCase(std::string_view text, std::string_view what, std::string_view with)
+{
+    if (what.empty())
+        return std::string(text);
+    return ReplaceFound(text, what.size(), with, [&](std::string_view rest) { return FindIgnoringCase(rest, what); });
+}
+
+bool EndsWith(std::string_view text, std::string_view end) { return text.ends_with(end); }
+
+std::size_t FindIgnoringCase(std::string_view text, std::string_view what)
+{
+    const auto found = std::search(text.begin(), text.end(), what.begin(), what.end(), SameLetter);
+    if (found == text.end() && !what.empty())
+        return std::string_view::npos;
+    return static_cast<std::size_t>(found - text.begin());
+}
+
+}
