@@ -1,5 +1,6 @@
 #include "common/Text.h"
 #include "platform/Failure.h"
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <limits>
