@@ -1,0 +1,21 @@
+#pragma once
+#include "ui/frmParlune.h"
+#include <variant>
+
+// Which control of the main window holds which option.
+namespace settings {
+
+using OptionControl = std::variant<ui::CCheckBox frmParlune::*, ui::CTextBox frmParlune::*, ui::CComboBox frmParlune::*>;
+
+struct ControlOption {
+    const char* key;
+    OptionControl control;
+    const char* defaultValue = nullptr;  // Null: what the control shows.
+};
+
+// Loads an option into its control; truth values that are neither "0" nor "1" count as missing.
+void LoadControl(frmParlune& window, const ControlOption& option);
+// Writes the option that a control shows.
+void SaveControl(frmParlune& window, const ControlOption& option);
+
+}
