@@ -1,0 +1,194 @@
+#include "engine/hosts/qt/PulseStream.h"
+#include "engine/hosts/qt/SteadyClock.h"
+#include <algorithm>
+#include <pulse/pulseaudio.h>
+
+namespace engine {
+namespace {
+
+constexpr std::int64_t BytesPerSample = 2;
+constexpr std::int64_t BufferMilliseconds = 50;
+constexpr std::int64_t TimingIntervalMicroseconds = 50000;
+constexpr auto NotSet = static_cast<std::uint32_t>(-1);
+
+pa_sample_spec FormatOf(std::int32_t sampleRate)
+{
+    pa_sample_spec format{};
+    format.format = PA_SAMPLE_S16NE;
+    format.rate = static_cast<std::uint32_t>(std::clamp(sampleRate, 1000, 192000));
+    format.channels = 1;
+    return format;
+}
+
+pa_buffer_attr BufferOf(std::int32_t sampleRate)
+{
+    pa_buffer_attr buffer{};
+    buffer.maxlength = NotSet;
+    buffer.tlength = static_cast<std::uint32_t>(BufferMilliseconds * sampleRate / 1000 * BytesPerSample);
+    buffer.prebuf = 0;
+    buffer.minreq = NotSet;
+    buffer.fragsize = NotSet;
+    return buffer;
+}
+
+void Forget(pa_operation* operation)
+{
+    if (operation)
+        pa_operation_unref(operation);
+}
+
+}
+
+CPulseStream::CPulseStream(pa_context* context, std::int32_t sampleRate) : m_rate(sampleRate)
+{
+    const pa_sample_spec format = FormatOf(sampleRate);
+    const pa_buffer_attr buffer = BufferOf(m_rate);
+    m_stream = pa_stream_new(context, "Speech", &format, nullptr);
+    if (!m_stream)
+        return;
+    pa_stream_set_state_callback(m_stream, &StateChanged, this);
+    pa_stream_set_write_callback(m_stream, &Wanted, this);
+    pa_stream_set_underflow_callback(m_stream, &RanDry, this);
+    // The timing is asked for by hand while it is needed: the automatic way goes on while the stream is corked.
+    const auto flags =
+        static_cast<pa_stream_flags_t>(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY | PA_STREAM_INTERPOLATE_TIMING);
+    pa_stream_connect_playback(m_stream, nullptr, &buffer, flags, nullptr, nullptr);
+}
+
+CPulseStream::~CPulseStream()
+{
+    if (!m_stream)
+        return;
+    Close();
+    pa_stream_unref(m_stream);
+}
+
+void CPulseStream::Close()
+{
+    pa_stream_set_state_callback(m_stream, nullptr, nullptr);
+    pa_stream_set_write_callback(m_stream, nullptr, nullptr);
+    pa_stream_set_underflow_callback(m_stream, nullptr, nullptr);
+    pa_stream_disconnect(m_stream);
+}
+
+bool CPulseStream::Broken() const { return !m_over && (!m_stream || !PA_STREAM_IS_GOOD(pa_stream_get_state(m_stream))); }
+
+void CPulseStream::Add(const std::vector<std::int16_t>& samples)
+{
+    m_queue.insert(m_queue.end(), samples.begin(), samples.end());
+    Feed();
+}
+
+void CPulseStream::End()
+{
+    m_ended = true;
+    Feed();
+}
+
+// Flushing comes first: what the server has already mixed is taken back.
+void CPulseStream::Stop()
+{
+    if (!m_stream || m_over || pa_stream_get_state(m_stream) != PA_STREAM_READY)
+        return;
+    Forget(pa_stream_flush(m_stream, nullptr, nullptr));
+    Forget(pa_stream_cork(m_stream, 1, nullptr, nullptr));
+}
+
+void CPulseStream::StateChanged(pa_stream*, void* self) { static_cast<CPulseStream*>(self)->Feed(); }
+
+void CPulseStream::Wanted(pa_stream*, std::size_t, void* self) { static_cast<CPulseStream*>(self)->Feed(); }
+
+void CPulseStream::RanDry(pa_stream*, void* self) { static_cast<CPulseStream*>(self)->m_dry = true; }
+
+void CPulseStream::Feed()
+{
+    if (!m_stream || m_over || pa_stream_get_state(m_stream) != PA_STREAM_READY)
+        return;
+    const std::size_t room = pa_stream_writable_size(m_stream);
+    const std::size_t waiting = m_queue.size() - m_taken;
+    if (room != static_cast<std::size_t>(-1) && waiting > 0)
+        SendQueued(std::min(room / BytesPerSample, waiting));
+    DrainWhenSent();
+}
+
+// After a gap the samples go to where the server plays now; where it would have expected them is past.
+void CPulseStream::SendQueued(std::size_t count)
+{
+    if (count == 0)
+        return;
+    const pa_seek_mode_t seek = Starved() ? PA_SEEK_RELATIVE_ON_READ : PA_SEEK_RELATIVE;
+    if (pa_stream_write(m_stream, m_queue.data() + m_taken, count * BytesPerSample, nullptr, 0, seek) < 0)
+        return;
+    m_dry = false;
+    m_taken += count;
+    m_sent += static_cast<std::int64_t>(count);
+    if (m_taken == m_queue.size() || m_taken > 200000) {
+        m_queue.erase(m_queue.begin(), m_queue.begin() + static_cast<std::ptrdiff_t>(m_taken));
+        m_taken = 0;
+    }
+    if (!m_playing)
+        StartPlaying();
+}
+
+bool CPulseStream::Starved() { return m_playing && (m_dry || Estimate() > m_sent); }
+
+void CPulseStream::StartPlaying()
+{
+    m_playing = true;
+    Forget(pa_stream_cork(m_stream, 0, nullptr, nullptr));
+    AskForTiming();
+}
+
+void CPulseStream::DrainWhenSent()
+{
+    if (!m_ended || m_draining || m_taken != m_queue.size())
+        return;
+    m_draining = true;
+    if (m_playing)
+        Forget(pa_stream_drain(m_stream, &Drained, this));
+    else
+        m_over = true;
+}
+
+// Cancelled when the stream is closed or lost: then `success` is 0, or it is not called at all.
+void CPulseStream::Drained(pa_stream*, int success, void* self)
+{
+    auto* stream = static_cast<CPulseStream*>(self);
+    if (!success)
+        return;
+    stream->m_over = true;
+    stream->m_heard = stream->m_sent;
+    stream->Close();
+}
+
+void CPulseStream::AskForTiming()
+{
+    const std::int64_t now = SteadyMicroseconds();
+    if (now - m_timingAskedAt < TimingIntervalMicroseconds)
+        return;
+    m_timingAskedAt = now;
+    Forget(pa_stream_update_timing_info(m_stream, nullptr, nullptr));
+}
+
+std::int64_t CPulseStream::Heard()
+{
+    if (!m_stream || !m_playing || m_over || pa_stream_get_state(m_stream) != PA_STREAM_READY)
+        return m_heard;
+    AskForTiming();
+    m_heard = std::max(m_heard, std::min(Estimate(), m_sent));
+    return m_heard;
+}
+
+// How far the loudspeaker has come: what was sent, less what lies between the server's write mark and its playing time.
+// That holds after a gap as well, which moved the write mark. Beyond what was sent while it plays nothing.
+std::int64_t CPulseStream::Estimate()
+{
+    const pa_timing_info* timing = pa_stream_get_timing_info(m_stream);
+    pa_usec_t played = 0;
+    if (!timing || timing->write_index_corrupt || pa_stream_get_time(m_stream, &played) < 0)
+        return m_heard;
+    const std::int64_t samples = static_cast<std::int64_t>(played) * m_rate / 1000000;
+    return m_sent - (timing->write_index / BytesPerSample - samples);
+}
+
+}

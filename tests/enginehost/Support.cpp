@@ -1,0 +1,156 @@
+#include "Support.h"
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QThread>
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace support {
+namespace {
+
+[[noreturn]] void Become(const std::vector<std::string>& command, const std::string& outputFile, int inherited)
+{
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    const int output = open(outputFile.empty() ? "/dev/null" : outputFile.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    dup2(output, 1);
+    const int errors = open("/dev/null", O_WRONLY);
+    dup2(errors, 2);
+    if (inherited >= 0)
+        dup2(inherited, 3);
+    std::vector<char*> arguments;
+    for (const std::string& argument : command)
+        arguments.push_back(const_cast<char*>(argument.c_str()));
+    arguments.push_back(nullptr);
+    execvp(arguments[0], arguments.data());
+    _exit(127);
+}
+
+// Starts an X server that chooses its own number. The number, or "" when it does not start.
+std::string StartDisplay(std::unique_ptr<CProgram>& server)
+{
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0)
+        return "";
+    server = std::make_unique<CProgram>(
+        std::vector<std::string>{"Xvfb", "-displayfd", "3", "-screen", "0", "1024x768x24", "-nolisten", "tcp"}, "", ends[1]);
+    close(ends[1]);
+    std::string number;
+    for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';)
+        number += digit;
+    close(ends[0]);
+    return number;
+}
+
+struct Desktop {
+    std::unique_ptr<CProgram> server;
+    std::unique_ptr<CProgram> manager;
+    std::unique_ptr<QApplication> application;
+};
+
+Desktop& TheDesktop()
+{
+    static Desktop desktop;
+    return desktop;
+}
+
+}
+
+CProgram::CProgram(const std::vector<std::string>& command, const std::string& outputFile, int inherited)
+{
+    m_id = fork();
+    if (m_id == 0)
+        Become(command, outputFile, inherited);
+}
+
+void CProgram::End()
+{
+    if (m_id > 0) {
+        kill(m_id, SIGTERM);
+        waitpid(m_id, nullptr, 0);
+    }
+    m_id = -1;
+}
+
+void CProgram::Kill()
+{
+    Signal(SIGKILL);
+    if (m_id > 0)
+        waitpid(m_id, nullptr, 0);
+    m_id = -1;
+}
+
+void CProgram::Signal(int number) const
+{
+    if (m_id > 0)
+        kill(m_id, number);
+}
+
+CFolder::CFolder()
+{
+    std::string name = (std::filesystem::temp_directory_path() / "enginehost.XXXXXX").string();
+    m_path = mkdtemp(name.data());
+}
+
+CFolder::~CFolder()
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(m_path, ignored);
+}
+
+void RunLoop(std::chrono::milliseconds time)
+{
+    RunLoopUntil([] { return false; }, time);
+}
+
+bool RunLoopUntil(const std::function<bool()>& done, std::chrono::milliseconds limit)
+{
+    QElapsedTimer timer;
+    timer.start();
+    while (!done()) {
+        if (timer.elapsed() > limit.count())
+            return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents);
+        QThread::usleep(500);
+    }
+    return true;
+}
+
+std::string OutputOf(const std::string& command)
+{
+    std::string text;
+    FILE* output = popen(command.c_str(), "r");
+    if (!output)
+        return text;
+    std::array<char, 4096> block{};
+    for (std::size_t count = 0; (count = fread(block.data(), 1, block.size(), output)) > 0;)
+        text.append(block.data(), count);
+    pclose(output);
+    while (!text.empty() && text.back() == '\n')
+        text.pop_back();
+    return text;
+}
+
+void NeedApplication()
+{
+    Desktop& desktop = TheDesktop();
+    if (desktop.application)
+        return;
+    const std::string display = StartDisplay(desktop.server);
+    ASSERT_FALSE(display.empty()) << "Xvfb cannot be started";
+    setenv("DISPLAY", (":" + display).c_str(), 1);
+    setenv("QT_QPA_PLATFORM", "xcb", 1);
+    desktop.manager = std::make_unique<CProgram>(std::vector<std::string>{"openbox"});
+    static int count = 1;
+    static std::array<char*, 2> arguments{const_cast<char*>("test_enginehost"), nullptr};
+    desktop.application = std::make_unique<QApplication>(count, arguments.data());
+}
+
+}
