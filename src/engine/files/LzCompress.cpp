@@ -2,6 +2,7 @@
 #include "engine/files/LzFormat.h"
 #include <algorithm>
 #include <bit>
+#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -57,10 +58,7 @@ struct Match {
 };
 using Matches = std::array<Match, DistanceClasses.size()>;  // The longest one of each class.
 
-unsigned LengthBits(std::uint32_t length, std::uint32_t shortest)
-{
-    return std::bit_width(length - shortest + 1) - 1U;
-}
+unsigned LengthBits(std::uint32_t length, std::uint32_t shortest) { return std::bit_width(length - shortest + 1) - 1U; }
 
 std::uint32_t BitsOfCopy(const DistanceClass& distances, std::uint32_t length)
 {
@@ -117,6 +115,8 @@ private:
         if (candidate == None || at - candidate > FarthestOf(DistanceClasses.back()))
             return false;
         Match& match = matches[ClassOf(at - candidate)];
+        if (match.length == LongestAt(at))
+            return false;
         if (match.length > 0 && m_plain[candidate + match.length] != m_plain[at + match.length])
             return true;  // Not longer than the one known.
         const std::uint32_t length = CommonLength(candidate, at);
@@ -134,6 +134,8 @@ private:
     {
         const std::uint32_t longest = LongestAt(at);
         std::uint32_t length = 0;
+        while (length + 8 <= longest && std::memcmp(&m_plain[from + length], &m_plain[at + length], 8) == 0)
+            length += 8;
         while (length < longest && m_plain[from + length] == m_plain[at + length])
             ++length;
         return length;
