@@ -1,0 +1,108 @@
+#include "platform/text/Encoding.h"
+#include "platform/text/Utf8.h"
+#include <algorithm>
+#include <cstdint>
+
+namespace platform::text {
+namespace {
+constexpr std::string_view Utf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view Utf16LittleMark = "\xFF\xFE";
+constexpr std::string_view Utf16BigMark = "\xFE\xFF";
+
+// Windows-1252 from 0x80 to 0x9F. The five bytes without a character keep their number, as the system's own tables do.
+constexpr char32_t Windows1252[32] = {0x20AC, 0x81,   0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+                                      0x2039, 0x0152, 0x8D,   0x017D, 0x8F,   0x90,   0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+                                      0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x9D,   0x017E, 0x0178};
+
+std::string FromWindows1252(std::string_view bytes)
+{
+    std::string text;
+    text.reserve(bytes.size() + bytes.size() / 8);
+    for (const char byte : bytes) {
+        const auto code = static_cast<std::uint8_t>(byte);
+        AppendUtf8(text, code >= 0x80 && code <= 0x9F ? Windows1252[code - 0x80] : code);
+    }
+    return text;
+}
+
+char16_t UnitAt(std::string_view bytes, std::size_t index, bool bigEndian)
+{
+    const auto first = static_cast<std::uint8_t>(bytes[index]);
+    const auto second = static_cast<std::uint8_t>(bytes[index + 1]);
+    return static_cast<char16_t>(bigEndian ? first << 8 | second : second << 8 | first);
+}
+
+bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+// A surrogate without its partner becomes U+FFFD; an odd byte at the end is left out.
+std::string FromUtf16(std::string_view bytes, bool bigEndian)
+{
+    std::string text;
+    text.reserve(bytes.size());
+    for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
+        char32_t code = UnitAt(bytes, i, bigEndian);
+        if (IsHighSurrogate(static_cast<char16_t>(code)) && i + 3 < bytes.size()) {
+            const char16_t low = UnitAt(bytes, i + 2, bigEndian);
+            if (IsLowSurrogate(low)) {
+                code = 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00u);
+                i += 2;
+            }
+        }
+        AppendUtf8(text, code);
+    }
+    return text;
+}
+
+std::string Decoded(std::string bytes)
+{
+    if (bytes.starts_with(Utf16LittleMark))
+        return FromUtf16(std::string_view(bytes).substr(2), /*bigEndian*/ false);
+    if (bytes.starts_with(Utf16BigMark))
+        return FromUtf16(std::string_view(bytes).substr(2), /*bigEndian*/ true);
+    if (bytes.starts_with(Utf8Mark))
+        bytes.erase(0, Utf8Mark.size());
+    return IsUtf8(bytes) ? std::move(bytes) : FromWindows1252(bytes);
+}
+
+// The text with every line end replaced by `lineEnd`.
+std::string WithLineEnds(std::string_view text, std::string_view lineEnd)
+{
+    std::string result;
+    result.reserve(text.size() + text.size() / 32);
+    while (true) {
+        const std::size_t end = text.find_first_of("\r\n");
+        result.append(text.substr(0, end));
+        if (end == std::string_view::npos)
+            return result;
+        result.append(lineEnd);
+        text.remove_prefix(end + (text.substr(end).starts_with("\r\n") ? 2 : 1));
+    }
+}
+
+bool HasOnlyCrLf(std::string_view text)
+{
+    for (std::size_t at = text.find_first_of("\r\n"); at != std::string_view::npos; at = text.find_first_of("\r\n", at)) {
+        if (!text.substr(at).starts_with("\r\n"))
+            return false;
+        at += 2;
+    }
+    return true;
+}
+}
+
+std::string WithCrLf(std::string text) { return HasOnlyCrLf(text) ? std::move(text) : WithLineEnds(text, "\r\n"); }
+
+std::string WithLf(std::string text)
+{
+    return text.find('\r') == std::string::npos ? std::move(text) : WithLineEnds(text, "\n");
+}
+
+std::string TextOfBytes(std::string bytes)
+{
+    std::string text = Decoded(std::move(bytes));
+    text.erase(std::remove(text.begin(), text.end(), '\0'), text.end());
+    return WithCrLf(std::move(text));
+}
+
+}
