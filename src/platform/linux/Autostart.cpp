@@ -1,0 +1,26 @@
+#include "platform/linux/Autostart.h"
+#include "platform/linux/UserFolders.h"
+#include "platform/linux/WholeFile.h"
+#include "platform/text/DesktopEntry.h"
+#include <cerrno>
+#include <filesystem>
+#include <unistd.h>
+
+namespace platform::linuxdesktop {
+
+bool CAutostart::IsOn() const
+{
+    int error = 0;
+    const auto entry = ReadWhole(m_file, error);
+    return entry && text::IsAutostartOn(*entry);
+}
+
+bool CAutostart::SwitchOn()
+{
+    return MakeUserFolders(std::filesystem::path(m_file).parent_path().string()) &&
+           ReplaceWhole(m_file, text::AutostartEntry(m_program), Survives::PowerLoss) == 0;
+}
+
+bool CAutostart::SwitchOff() { return ::unlink(m_file.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR; }
+
+}

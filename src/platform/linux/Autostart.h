@@ -1,0 +1,20 @@
+#pragma once
+#include <string>
+
+namespace platform::linuxdesktop {
+
+// The desktop entry by which the session starts the program.
+class CAutostart {
+public:
+    // `file` is the entry's path, `program` the full path of what it starts.
+    CAutostart(std::string file, std::string program) : m_file(std::move(file)), m_program(std::move(program)) {}
+    bool IsOn() const;  // False also when the user switched the entry off in the desktop's settings.
+    bool SwitchOn();    // Writes the entry; false when that is refused.
+    bool SwitchOff();   // Removes it; true when there is none afterwards.
+
+private:
+    std::string m_file;
+    std::string m_program;
+};
+
+}

@@ -1,0 +1,62 @@
+#include "platform/linux/LinuxDesktop.h"
+#include "platform/linux/FirstStart.h"
+#include "platform/linux/UserFolders.h"
+#include <limits>
+
+namespace platform::linuxdesktop {
+namespace {
+std::string RegistryFile() { return ConfigurationFolder() + "/parlune/registry.txt"; }
+
+std::string AutostartFile() { return ConfigurationFolder() + "/autostart/parlune.desktop"; }
+
+std::string CharacterFolder(const IFiles& files)
+{
+    return files.WindowsFolder(std::numeric_limits<std::size_t>::max()) + "/MSAgent/Chars";
+}
+
+// Beside the program, or where packages put what all machines share.
+std::string BundledCharacters(const IFiles& files)
+{
+    const std::string beside = files.ProgramFolder() + "/characters";
+    return files.Kind(beside) == EntryKind::Folder ? beside : files.ProgramFolder() + "/../share/parlune/characters";
+}
+}
+
+CLinuxDesktop::CLinuxDesktop(const DesktopSettings& settings)
+    : m_registry(RegistryFile(), CAutostart(AutostartFile(), ProgramFile())), m_environment(settings.commandLine),
+      m_program([this] { FlushStores(); }),
+      m_engine(CreateDesktopEngine(settings.sound, CharacterFolder(m_files))), m_platform{
+                                                                                   .characterEngines = m_engine->Factory(),
+                                                                                   .clipboard = m_clipboard,
+                                                                                   .clock = m_clock,
+                                                                                   .environment = m_environment,
+                                                                                   .events = m_events,
+                                                                                   .fileDialogs = m_fileDialogs,
+                                                                                   .files = m_files,
+                                                                                   .fonts = m_fonts,
+                                                                                   .locale = m_locale,
+                                                                                   .messageBoxes = m_messageBoxes,
+                                                                                   .office = m_office,
+                                                                                   .profile = m_profile,
+                                                                                   .program = m_program,
+                                                                                   .random = m_random,
+                                                                                   .registry = m_registry,
+                                                                                   .screen = m_screen,
+                                                                                   .shell = m_shell,
+                                                                                   .speechEngines = m_engine->Voices(),
+                                                                                   .trayIcon = m_trayIcon}
+{
+    m_flush.setSingleShot(true);
+    QObject::connect(&m_flush, &QTimer::timeout, [this] { FlushStores(); });
+    m_registry.OnChange([this] { m_flush.start(0); });
+    PrepareFirstStart();
+}
+
+void CLinuxDesktop::PrepareFirstStart()
+{
+    PlaceCharacters(BundledCharacters(m_files), CharacterFolder(m_files));
+    if (m_files.Kind(RegistryFile()) == EntryKind::None)
+        SeedGreetings(m_registry);
+}
+
+}

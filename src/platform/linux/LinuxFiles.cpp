@@ -1,0 +1,96 @@
+#include "platform/linux/LinuxFiles.h"
+#include "platform/linux/UserFolders.h"
+#include "platform/linux/WholeFile.h"
+#include "platform/text/Encoding.h"
+#include "platform/text/Wildcards.h"
+#include <cerrno>
+#include <filesystem>
+#include <new>
+#include <sys/stat.h>
+
+namespace platform::linuxdesktop {
+namespace {
+namespace fs = std::filesystem;
+
+std::string IfNotLonger(std::string folder, std::size_t limit)
+{
+    return folder.size() <= limit ? std::move(folder) : std::string();
+}
+
+struct Pattern {
+    std::string folder;
+    std::string name;
+};
+
+Pattern SplitPattern(const std::string& pattern)
+{
+    const std::size_t separator = pattern.rfind('/');
+    if (separator == std::string::npos)
+        return {".", pattern};
+    return {pattern.substr(0, separator + 1), pattern.substr(separator + 1)};
+}
+}
+
+std::string CLinuxFiles::WindowsFolder(std::size_t limit) const { return IfNotLonger(DataFolder() + "/parlune", limit); }
+
+std::string CLinuxFiles::SystemFolder(std::size_t limit) const { return IfNotLonger("/usr/lib", limit); }
+
+std::string CLinuxFiles::TemporaryFolder(std::size_t limit) const
+{
+    std::error_code error;
+    const std::string folder = fs::temp_directory_path(error).string();
+    return IfNotLonger(error ? "/tmp" : folder, limit);
+}
+
+std::string CLinuxFiles::ProgramFolder() const { return fs::path(ProgramFile()).parent_path().string(); }
+
+std::string CLinuxFiles::CurrentFolder() const
+{
+    std::error_code error;
+    return fs::current_path(error).string();
+}
+
+EntryKind CLinuxFiles::Kind(const std::string& path) const
+{
+    struct stat status = {};
+    if (path.find('\0') != std::string::npos || ::stat(path.c_str(), &status) != 0)
+        return EntryKind::None;
+    return S_ISDIR(status.st_mode) ? EntryKind::Folder : EntryKind::File;
+}
+
+void CLinuxFiles::MakeFolder(const std::string& path)
+{
+    if (path.find('\0') != std::string::npos)
+        throw failure::BadFileName();
+    if (::mkdir(path.c_str(), 0755) == 0)
+        return;
+    throw errno == ENOENT ? failure::PathNotFound() : FailureOfError(errno, path);
+}
+
+std::vector<std::string> CLinuxFiles::Match(const std::string& pattern) const
+{
+    const Pattern wanted = SplitPattern(pattern);
+    std::vector<std::string> names;
+    std::error_code error, unknown;
+    for (fs::directory_iterator entry(wanted.folder, error), end; !error && entry != end; entry.increment(error)) {
+        const std::string name = entry->path().filename().string();
+        if (text::MatchesWildcards(name, wanted.name) && !entry->is_directory(unknown))
+            names.push_back(name);
+    }
+    return names;
+}
+
+std::string CLinuxFiles::ReadText(const std::string& path) const
+{
+    try {
+        int error = 0;
+        auto bytes = path.empty() ? std::nullopt : ReadWhole(path, error);
+        if (!bytes)
+            throw path.empty() ? failure::PathFileAccess() : FailureOfError(error, path);
+        return text::TextOfBytes(std::move(*bytes));
+    } catch (const std::bad_alloc&) {
+        throw failure::OutOfMemory();
+    }
+}
+
+}

@@ -1,0 +1,23 @@
+#pragma once
+#include "platform/Files.h"
+
+namespace platform::linuxdesktop {
+
+// The real folders and files. The "Windows folder" is the program's own folder in the user's data folder.
+class CLinuxFiles final : public IFiles {
+public:
+    char Separator() const override { return '/'; }
+    // A folder whose path is longer than `limit` is answered as "", for a cut path would name another one.
+    std::string WindowsFolder(std::size_t limit) const override;
+    std::string SystemFolder(std::size_t limit) const override;
+    std::string TemporaryFolder(std::size_t limit) const override;
+    std::string ProgramFolder() const override;
+    std::string CurrentFolder() const override;
+    EntryKind Kind(const std::string& path) const override;
+    void MakeFolder(const std::string& path) override;
+    // Folders are left out, as in every list of files.
+    std::vector<std::string> Match(const std::string& pattern) const override;
+    std::string ReadText(const std::string& path) const override;
+};
+
+}

@@ -1,0 +1,68 @@
+#include "platform/linux/UserFolders.h"
+#include <cstdlib>
+#include <filesystem>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace platform::linuxdesktop {
+namespace {
+std::string Variable(const char* name)
+{
+    const char* value = std::getenv(name);
+    return value ? value : "";
+}
+
+std::string WithoutEndSeparator(std::string path)
+{
+    while (path.size() > 1 && path.back() == '/')
+        path.pop_back();
+    return path;
+}
+
+std::string HomeFolder()
+{
+    const std::string home = Variable("HOME");
+    if (home.starts_with('/'))
+        return WithoutEndSeparator(home);
+    const passwd* user = ::getpwuid(::getuid());
+    return user && user->pw_dir ? WithoutEndSeparator(user->pw_dir) : "/";
+}
+
+// A relative path in these variables is to be ignored, as the conventions say.
+std::string FolderOf(const char* variable, const std::string& belowHome)
+{
+    const std::string folder = Variable(variable);
+    if (folder.starts_with('/'))
+        return WithoutEndSeparator(folder);
+    const std::string home = HomeFolder();
+    return home + (home == "/" ? "" : "/") + belowHome;
+}
+}
+
+std::string ConfigurationFolder() { return FolderOf("XDG_CONFIG_HOME", ".config"); }
+
+std::string DataFolder() { return FolderOf("XDG_DATA_HOME", ".local/share"); }
+
+std::string RuntimeFolder()
+{
+    const std::string folder = Variable("XDG_RUNTIME_DIR");
+    std::error_code ignored;
+    return folder.starts_with('/') && std::filesystem::is_directory(folder, ignored) ? WithoutEndSeparator(folder) : "";
+}
+
+bool MakeUserFolders(const std::string& path)
+{
+    std::error_code ignored;
+    if (path.empty() || std::filesystem::is_directory(path, ignored))
+        return !path.empty();
+    return MakeUserFolders(std::filesystem::path(path).parent_path().string()) && ::mkdir(path.c_str(), 0700) == 0;
+}
+
+std::string ProgramFile()
+{
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).string();
+}
+
+}

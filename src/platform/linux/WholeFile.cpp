@@ -1,0 +1,211 @@
+#include "platform/linux/WholeFile.h"
+#include <algorithm>
+#include <cerrno>
+#include <climits>
+#include <cstdlib>
+#include <fcntl.h>
+#include <filesystem>
+#include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace platform::linuxdesktop {
+namespace {
+constexpr std::size_t ReadAtOnce = 1 << 20;
+constexpr mode_t NewFileMode = 0644;
+
+class CDescriptor {
+public:
+    explicit CDescriptor(int descriptor) : m_descriptor(descriptor) {}
+    ~CDescriptor() { Close(); }
+    CDescriptor(const CDescriptor&) = delete;
+    CDescriptor& operator=(const CDescriptor&) = delete;
+    bool Open() const { return m_descriptor >= 0; }
+    int Get() const { return m_descriptor; }
+    bool Close()  // Network file systems tell only here that a write failed.
+    {
+        const int descriptor = std::exchange(m_descriptor, -1);
+        return descriptor < 0 || ::close(descriptor) == 0;
+    }
+
+private:
+    int m_descriptor;
+};
+
+// A new file beside its place, removed again unless it is put there.
+class CTemporaryName {
+public:
+    explicit CTemporaryName(std::string name) : m_name(std::move(name)) { ::unlink(m_name.c_str()); }
+    ~CTemporaryName() { ::unlink(m_name.c_str()); }
+    CTemporaryName(const CTemporaryName&) = delete;
+    CTemporaryName& operator=(const CTemporaryName&) = delete;
+    const char* Name() const { return m_name.c_str(); }
+
+private:
+    std::string m_name;
+};
+
+std::string FolderOf(const std::string& path)
+{
+    const std::string folder = std::filesystem::path(path).parent_path().string();
+    return folder.empty() ? "." : folder;
+}
+
+// The file behind links, so that a settings file kept elsewhere stays there.
+std::string BehindLinks(const std::string& path)
+{
+    const std::unique_ptr<char, void (*)(void*)> real(::realpath(path.c_str(), nullptr), std::free);
+    return real ? real.get() : path;
+}
+
+mode_t ModeFor(const std::string& path)
+{
+    struct stat status = {};
+    return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 0777u : NewFileMode;
+}
+
+bool WriteAll(int descriptor, const char* bytes, std::size_t count)
+{
+    while (count > 0) {
+        const ssize_t written = ::write(descriptor, bytes, count);
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written <= 0)
+            return false;
+        bytes += written;
+        count -= static_cast<std::size_t>(written);
+    }
+    return true;
+}
+
+bool SyncPath(const std::string& path, int flags)
+{
+    const CDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | flags));
+    return file.Open() && ::fsync(file.Get()) == 0;
+}
+
+// Writes a new file completely. Returns 0 or the errno.
+int WriteNew(const char* name, const std::string& bytes, mode_t mode, Survives survives)
+{
+    CDescriptor file(::open(name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+    const bool written = file.Open() && WriteAll(file.Get(), bytes.data(), bytes.size()) &&
+                         ::fchmod(file.Get(), mode) == 0 && (survives == Survives::ProcessEnd || ::fsync(file.Get()) == 0) &&
+                         file.Close();
+    return written ? 0 : errno;
+}
+
+// Opened without waiting, for a pipe would wait for its writer.
+std::optional<std::string> ReadFrom(const CDescriptor& file, int& error)
+{
+    struct stat status = {};
+    if (!file.Open() || ::fstat(file.Get(), &status) != 0) {
+        error = errno;
+        return std::nullopt;
+    }
+    if (!S_ISREG(status.st_mode)) {
+        error = S_ISDIR(status.st_mode) ? EISDIR : EACCES;
+        return std::nullopt;
+    }
+    std::string bytes;
+    for (std::size_t used = 0;;) {
+        const std::size_t expected = static_cast<std::size_t>(status.st_size) + 1;
+        bytes.resize(used < expected ? expected : used + ReadAtOnce);
+        const ssize_t got = ::read(file.Get(), bytes.data() + used, bytes.size() - used);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0) {
+            error = errno;
+            return std::nullopt;
+        }
+        used += static_cast<std::size_t>(got);
+        if (got == 0) {
+            bytes.resize(used);
+            return bytes;
+        }
+    }
+}
+
+bool HasZero(const std::string& path) { return path.find('\0') != std::string::npos; }
+}
+
+CFailure FailureOfError(int error, const std::string& path)
+{
+    std::error_code ignored;
+    switch (error) {
+    case ENOENT:
+        return std::filesystem::is_directory(FolderOf(path), ignored) ? failure::FileNotFound() : failure::PathNotFound();
+    case ENOTDIR:
+    case ELOOP:
+        return failure::PathNotFound();
+    case EACCES:
+    case EPERM:
+    case EISDIR:
+    case EEXIST:
+    case EROFS:
+        return failure::PathFileAccess();
+    case EBUSY:
+    case ETXTBSY:
+    case EAGAIN:
+        return failure::PermissionDenied();
+    case ENOSPC:
+    case EDQUOT:
+    case EFBIG:
+        return failure::DiskFull();
+    case ENAMETOOLONG:
+    case EINVAL:
+        return failure::BadFileName();
+    case ENOMEM:
+        return failure::OutOfMemory();
+    default:
+        return failure::DeviceError();
+    }
+}
+
+std::optional<std::string> ReadWhole(const std::string& path, int& error)
+{
+    if (HasZero(path)) {
+        error = EINVAL;
+        return std::nullopt;
+    }
+    return ReadFrom(CDescriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)), error);
+}
+
+int ReplaceWhole(const std::string& path, const std::string& bytes, Survives survives)
+{
+    if (HasZero(path))
+        return EINVAL;
+    const std::string place = BehindLinks(path);
+    const CTemporaryName complete(place + ".new");
+    if (const int error = WriteNew(complete.Name(), bytes, ModeFor(place), survives))
+        return error;
+    if (::rename(complete.Name(), place.c_str()) != 0)
+        return errno;
+    if (survives == Survives::PowerLoss)
+        SyncPath(FolderOf(place), O_DIRECTORY);
+    return 0;
+}
+
+int CopyToNewPlace(const std::string& from, const std::string& to)
+{
+    int error = 0;
+    const auto bytes = ReadWhole(from, error);
+    if (!bytes)
+        return error;
+    const CTemporaryName complete(to + ".new");
+    if (const int failed = WriteNew(complete.Name(), *bytes, NewFileMode, Survives::PowerLoss))
+        return failed;
+    if (::link(complete.Name(), to.c_str()) == 0)
+        return 0;
+    if (errno == EEXIST)
+        return EEXIST;
+    // A file system without hard links.
+    return ::access(to.c_str(), F_OK) == 0 ? EEXIST : (::rename(complete.Name(), to.c_str()) == 0 ? 0 : errno);
+}
+
+bool FlushToDisk(const std::string& path)
+{
+    const std::string place = BehindLinks(path);
+    return SyncPath(place, 0) && SyncPath(FolderOf(place), O_DIRECTORY);
+}
+
+}
