@@ -2,6 +2,7 @@
 #include "engine/files/CharacterFolders.h"
 #include "engine/files/FileParts.h"
 #include <fstream>
+#include <random>
 
 using namespace engine;
 using namespace files_test;
@@ -15,9 +16,10 @@ class CharacterFolders : public testing::Test {
 protected:
     void SetUp() override
     {
-        const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
-        m_root = fs::temp_directory_path() / (std::string("parlune-folders-") + test.name());
-        fs::remove_all(m_root);
+        // Several test programs may run at once.
+        do
+            m_root = fs::temp_directory_path() / ("parlune-folders-" + std::to_string(std::random_device()()));
+        while (!fs::create_directory(m_root));
         fs::create_directories(m_root / "user");
         fs::create_directories(m_root / "program");
     }
