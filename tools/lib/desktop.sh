@@ -77,7 +77,7 @@ desktop_end() {
 # A plain, calm background instead of black. A compositor would not show it.
 paint_background() {
     convert -size 1280x800 gradient:'#5b7d95-#2c4257' "$desktop/background.png"
-    display -window root "$desktop/background.png" 2>/dev/null
+    display -window root "$desktop/background.png" 2>/dev/null || true # Its exit code says nothing.
 }
 
 copy_to_clipboard() { xclip -selection clipboard -i "$1" >/dev/null 2>&1; }
