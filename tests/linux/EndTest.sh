@@ -32,6 +32,10 @@ test_Kill_WhileSaving_LosesNothing() {
         expect "the file is whole, killed after $delay s" file_is_whole || return
         expect "the user's name is kept, killed after $delay s" [ "$(stored_option UserName)" = Ada ] || return
     done
+    parlune_start
+    expect_within 20 "the character is on the desktop" character_visible
+    expect "it ends well" parlune_end
+    expect "the next start will not be the first" [ "$(stored_option FirstTime)" = 0 ]
 }
 file_is_whole() {
     local file=$XDG_CONFIG_HOME/parlune/registry.txt

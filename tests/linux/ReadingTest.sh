@@ -66,6 +66,7 @@ test_Copy_WithTheClipboardWatched_IsReadAloud() {
     desktop_start
     put_option MonitorClipboard 1
     companion_on_desktop
+    expect_not "it is silent at first" balloon_visible
     copy_text "$short_text"
     expect_within 3 "a balloon comes" balloon_visible
     expect_within 3 "it is heard" is_playing

@@ -16,4 +16,9 @@ test_Start_HiddenInTheTray_CostsNothing() {
     expect "no processor time in five seconds, used: $((after - before)) ticks" [ $((after - before)) -le 1 ]
     expect "it ends well" parlune_end
 }
-icon_in_tray() { xwininfo -tree -id "$(xdotool search --class trayer | head -n 1)" | grep -qi parlune; }
+# The icon is a window inside the tray's.
+icon_in_tray() {
+    local tray
+    tray=$(xdotool search --class trayer | head -n 1)
+    [ -n "$tray" ] && xwininfo -tree -id "$tray" | grep -qi parlune
+}

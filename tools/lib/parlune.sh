@@ -53,6 +53,7 @@ options_visible() { [ -n "$(options_window)" ]; }
 
 # The place of a window on the screen as WIDTHxHEIGHT+LEFT+TOP.
 place_of() {
+    [ -n "$1" ] || return # Without a window xwininfo would wait for a click.
     xwininfo -id "$1" | awk '/Absolute upper-left X/ { x = $NF } /Absolute upper-left Y/ { y = $NF } /^ +Width/ { w = $NF }
         /^ +Height/ { h = $NF } END { print w "x" h "+" x "+" y }'
 }
