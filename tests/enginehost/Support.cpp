@@ -7,8 +7,10 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -79,14 +81,6 @@ void CProgram::End()
     m_id = -1;
 }
 
-void CProgram::Kill()
-{
-    Signal(SIGKILL);
-    if (m_id > 0)
-        waitpid(m_id, nullptr, 0);
-    m_id = -1;
-}
-
 void CProgram::Signal(int number) const
 {
     if (m_id > 0)
@@ -151,6 +145,50 @@ void NeedApplication()
     static int count = 1;
     static std::array<char*, 2> arguments{const_cast<char*>("test_enginehost"), nullptr};
     desktop.application = std::make_unique<QApplication>(count, arguments.data());
+}
+
+CSoundServer::CSoundServer()
+{
+    setenv("XDG_RUNTIME_DIR", m_folder.Path().c_str(), 1);
+    setenv("HOME", m_folder.Path().c_str(), 1);
+    unsetenv("PULSE_SERVER");
+}
+
+void CSoundServer::Start()
+{
+    m_server = std::make_unique<CProgram>(std::vector<std::string>{
+        "pulseaudio", "-n", "--daemonize=no", "--exit-idle-time=-1", "--use-pid-file=no", "-L",
+        "module-native-protocol-unix", "-L", "module-null-sink sink_name=null rate=22050 channels=1 norewinds=1"});
+    const auto answers = [] { return OutputOf("pactl list short sinks 2>&1").find("null") != std::string::npos; };
+    ASSERT_TRUE(RunLoopUntil(answers)) << "pulseaudio cannot be started";
+}
+
+void CSoundServer::Record()
+{
+    const std::string file = m_folder / "recording";
+    m_recorder = std::make_unique<CProgram>(std::vector<std::string>{"parec", "-d", "null.monitor", "--format=s16le",
+                                                                     "--rate=22050", "--channels=1", "--latency-msec=20"},
+                                            file);
+    const auto records = [&] { return std::filesystem::exists(file) && std::filesystem::file_size(file) > 0; };
+    ASSERT_TRUE(RunLoopUntil(records)) << "parec does not record";
+}
+
+std::vector<std::int16_t> CSoundServer::TakeRecording()
+{
+    RunLoop(std::chrono::milliseconds(150));
+    m_recorder.reset();
+    std::ifstream file(m_folder / "recording", std::ios::binary);
+    const std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    std::vector<std::int16_t> samples(bytes.size() / 2);
+    std::memcpy(samples.data(), bytes.data(), samples.size() * 2);
+    return samples;
+}
+
+int CSoundServer::Streams() const { return std::atoi(OutputOf("pactl list short sink-inputs | wc -l").c_str()); }
+
+int CSoundServer::PlayingStreams() const
+{
+    return std::atoi(OutputOf("pactl list sink-inputs | grep -c 'Corked: no'").c_str());
 }
 
 }

@@ -1,6 +1,8 @@
 #pragma once
 #include <chrono>
+#include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -18,7 +20,6 @@ public:
     CProgram(const CProgram&) = delete;
     CProgram& operator=(const CProgram&) = delete;
     void End();
-    void Kill();
     void Signal(int number) const;
     pid_t Id() const { return m_id; }
 
@@ -52,5 +53,25 @@ void NeedApplication();
 
 // A QCoreApplication's event loop is enough for speech and sound; it is on the same display.
 inline void NeedEventLoop() { NeedApplication(); }
+
+// A folder in which a sound server may run, and nothing of the user's own sound is reached.
+class CSoundServer {
+public:
+    CSoundServer();
+    void Start();  // Waits until it answers. Its only device plays nothing, at 22050 samples a second.
+    void Kill() { m_server.reset(); }
+    void Signal(int number) const { m_server->Signal(number); }
+    // Records what the device plays, from when this returns until TakeRecording.
+    void Record();
+    std::vector<std::int16_t> TakeRecording();
+    // Streams of all programs at the server, and how many of them are not corked.
+    int Streams() const;
+    int PlayingStreams() const;
+
+private:
+    CFolder m_folder;
+    std::unique_ptr<CProgram> m_server;
+    std::unique_ptr<CProgram> m_recorder;
+};
 
 }

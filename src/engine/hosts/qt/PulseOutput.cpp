@@ -128,7 +128,7 @@ std::int64_t CPulseOutput::HeardFromServer() const
     const std::int64_t heard = m_stream ? m_stream->Heard() : 0;
     if (!Lost() && !Stuck(heard))
         return heard;
-    m_server->Say("the sound server has gone; time passes without sound");
+    m_server->SayNoSound("it does not answer");
     GoOnByClock();
     return m_clock.Position(SteadyMicroseconds());
 }

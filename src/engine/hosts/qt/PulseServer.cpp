@@ -36,8 +36,8 @@ void CPulseServer::Connect()
     m_askedAt = SteadyMicroseconds();
     m_context = pa_context_new(pa_threaded_mainloop_get_api(m_loop), "Parlune");
     pa_context_set_state_callback(m_context, &ContextChanged, this);
-    if (pa_context_connect(m_context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr) < 0)
-        Say(std::string("no sound server (") + pa_strerror(pa_context_errno(m_context)) + "); time passes without sound");
+    // A failure, even one at once, comes to ContextChanged.
+    pa_context_connect(m_context, nullptr, PA_CONTEXT_NOAUTOSPAWN, nullptr);
 }
 
 CPulseServer::State CPulseServer::CurrentState() const
@@ -63,11 +63,11 @@ void CPulseServer::Remove(IListener& listener)
     m_listeners.erase(std::remove(m_listeners.begin(), m_listeners.end(), &listener), m_listeners.end());
 }
 
-void CPulseServer::Say(const std::string& reason)
+void CPulseServer::SayNoSound(const char* reason)
 {
-    if (reason != m_said)
-        std::fprintf(stderr, "Parlune: %s\n", reason.c_str());
-    m_said = reason;
+    if (!m_said)
+        std::fprintf(stderr, "Parlune: no sound server (%s); time passes without sound.\n", reason);
+    m_said = true;
 }
 
 void CPulseServer::ContextChanged(pa_context*, void* server) { static_cast<CPulseServer*>(server)->Changed(); }
@@ -76,11 +76,10 @@ void CPulseServer::Changed()
 {
     const pa_context_state_t state = pa_context_get_state(m_context);
     if (state == PA_CONTEXT_FAILED)
-        Say(std::string("the sound server does not answer (") + pa_strerror(pa_context_errno(m_context)) +
-            "); time passes without sound");
+        SayNoSound(pa_strerror(pa_context_errno(m_context)));
     if (state != PA_CONTEXT_READY)
         return;
-    m_said.clear();
+    m_said = false;
     for (IListener* listener : m_listeners)
         listener->ServerReady();
 }

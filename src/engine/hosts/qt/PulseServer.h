@@ -1,6 +1,5 @@
 #pragma once
 #include <cstdint>
-#include <string>
 #include <vector>
 
 struct pa_context;
@@ -46,8 +45,8 @@ public:
     void Add(IListener& listener);
     void Remove(IListener& listener);
     pa_context* Context() const { return m_context; }
-    // Says on the standard error output why there is no sound; the same reason only once until there is sound again.
-    void Say(const std::string& reason);
+    // Says on the standard error output why there is no sound; once until the server is there again.
+    void SayNoSound(const char* reason);
 
 private:
     static void ContextChanged(pa_context* context, void* server);
@@ -58,7 +57,7 @@ private:
     pa_context* m_context = nullptr;
     std::int64_t m_askedAt = 0;
     std::vector<IListener*> m_listeners;
-    std::string m_said;
+    bool m_said = false;
 };
 
 }

@@ -49,9 +49,9 @@ CPulseStream::CPulseStream(pa_context* context, std::int32_t sampleRate) : m_rat
     pa_stream_set_state_callback(m_stream, &StateChanged, this);
     pa_stream_set_write_callback(m_stream, &Wanted, this);
     pa_stream_set_underflow_callback(m_stream, &RanDry, this);
-    // The timing is asked for by hand while it is needed: the automatic way goes on while the stream is corked.
-    const auto flags =
-        static_cast<pa_stream_flags_t>(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY | PA_STREAM_INTERPOLATE_TIMING);
+    // The timing is asked for by hand while it is needed: the automatic way goes on while the stream is corked. And
+    // libpulse's own interpolation counts the time in which a new stream was corked.
+    const auto flags = static_cast<pa_stream_flags_t>(PA_STREAM_START_CORKED | PA_STREAM_ADJUST_LATENCY);
     pa_stream_connect_playback(m_stream, nullptr, &buffer, flags, nullptr, nullptr);
 }
 
@@ -98,7 +98,15 @@ void CPulseStream::StateChanged(pa_stream*, void* self) { static_cast<CPulseStre
 
 void CPulseStream::Wanted(pa_stream*, std::size_t, void* self) { static_cast<CPulseStream*>(self)->Feed(); }
 
-void CPulseStream::RanDry(pa_stream*, void* self) { static_cast<CPulseStream*>(self)->m_dry = true; }
+// The server tells of the empty stream before its first sample as well, and late: only a place at the end of what was
+// written counts.
+void CPulseStream::RanDry(pa_stream* stream, void* self)
+{
+    const pa_timing_info* timing = pa_stream_get_timing_info(stream);
+    const bool known = timing && !timing->write_index_corrupt;
+    auto* dry = static_cast<CPulseStream*>(self);
+    dry->m_dry = known && dry->m_playing && pa_stream_get_underflow_index(stream) >= timing->write_index;
+}
 
 void CPulseStream::Feed()
 {
@@ -130,7 +138,7 @@ void CPulseStream::SendQueued(std::size_t count)
         StartPlaying();
 }
 
-bool CPulseStream::Starved() { return m_playing && (m_dry || Estimate() > m_sent); }
+bool CPulseStream::Starved() const { return m_playing && (m_dry || Estimate() > m_sent); }
 
 void CPulseStream::StartPlaying()
 {
@@ -167,7 +175,19 @@ void CPulseStream::AskForTiming()
     if (now - m_timingAskedAt < TimingIntervalMicroseconds)
         return;
     m_timingAskedAt = now;
-    Forget(pa_stream_update_timing_info(m_stream, nullptr, nullptr));
+    Forget(pa_stream_update_timing_info(m_stream, &TimingCame, this));
+}
+
+void CPulseStream::TimingCame(pa_stream* stream, int success, void* self)
+{
+    const pa_timing_info* timing = pa_stream_get_timing_info(stream);
+    auto* asker = static_cast<CPulseStream*>(self);
+    if (!success || !timing || timing->read_index_corrupt)
+        return;
+    asker->m_playedAt = SteadyMicroseconds();
+    asker->m_played = timing->read_index / BytesPerSample +
+                      asker->SamplesIn(static_cast<std::int64_t>(timing->transport_usec)) -
+                      asker->SamplesIn(static_cast<std::int64_t>(timing->sink_usec));
 }
 
 std::int64_t CPulseStream::Heard()
@@ -179,16 +199,17 @@ std::int64_t CPulseStream::Heard()
     return m_heard;
 }
 
-// How far the loudspeaker has come: what was sent, less what lies between the server's write mark and its playing time.
-// That holds after a gap as well, which moved the write mark. Beyond what was sent while it plays nothing.
-std::int64_t CPulseStream::Estimate()
+// How far the loudspeaker has come: what was sent, less what lies between the server's write mark and the place that is
+// heard. That holds after a gap as well, which moved the write mark. Beyond what was sent while nothing is left to play.
+std::int64_t CPulseStream::Estimate() const
 {
     const pa_timing_info* timing = pa_stream_get_timing_info(m_stream);
-    pa_usec_t played = 0;
-    if (!timing || timing->write_index_corrupt || pa_stream_get_time(m_stream, &played) < 0)
+    if (!m_playedAt || !timing || timing->write_index_corrupt)
         return m_heard;
-    const std::int64_t samples = static_cast<std::int64_t>(played) * m_rate / 1000000;
-    return m_sent - (timing->write_index / BytesPerSample - samples);
+    const std::int64_t played = m_played + SamplesIn(SteadyMicroseconds() - *m_playedAt);
+    return m_sent - (timing->write_index / BytesPerSample - played);
 }
+
+std::int64_t CPulseStream::SamplesIn(std::int64_t microseconds) const { return microseconds * m_rate / 1000000; }
 
 }

@@ -1,6 +1,7 @@
 #pragma once
 #include "engine/hosts/qt/PulseServer.h"
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 struct pa_operation;
@@ -31,14 +32,16 @@ private:
     static void StateChanged(pa_stream* stream, void* self);
     static void Wanted(pa_stream* stream, std::size_t bytes, void* self);
     static void RanDry(pa_stream* stream, void* self);
+    static void TimingCame(pa_stream* stream, int success, void* self);
     static void Drained(pa_stream* stream, int success, void* self);
     void Feed();
     void SendQueued(std::size_t count);
     void StartPlaying();
     void DrainWhenSent();
     void AskForTiming();
-    std::int64_t Estimate();
-    bool Starved();
+    std::int64_t Estimate() const;
+    std::int64_t SamplesIn(std::int64_t microseconds) const;
+    bool Starved() const;
     void Close();
 
     pa_stream* m_stream;
@@ -48,6 +51,8 @@ private:
     std::int64_t m_sent = 0;
     std::int64_t m_heard = 0;
     std::int64_t m_timingAskedAt = 0;
+    std::int64_t m_played = 0;               // The place in the server's stream that was heard ...
+    std::optional<std::int64_t> m_playedAt;  // ... at this time.
     bool m_playing = false;
     bool m_dry = false;
     bool m_ended = false;
