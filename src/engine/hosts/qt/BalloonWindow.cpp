@@ -59,7 +59,7 @@ QPainterPath Bubbles(const TailRoot& root, const QPointF& tip, double width)
     };
     const double room = QLineF(root.at, tip).length();
     QPainterPath path;
-    for (const Bubble bubble : std::array<Bubble, 3>{{{0.22, 0.38}, {0.6, 0.26}, {0.9, 0.16}}}) {
+    for (const Bubble bubble : std::array<Bubble, 3>{{{0.25, 0.32}, {0.62, 0.22}, {0.9, 0.14}}}) {
         const double radius = std::max(1.5, std::min(width, room) * bubble.size * 0.75);
         path.addEllipse(root.at + (tip - root.at) * bubble.way, radius, radius);
     }
