@@ -1,6 +1,7 @@
 #pragma once
 #include "engine/Host.h"
 #include "platform/CharacterEngine.h"
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,6 +24,10 @@ struct EngineSettings {
     bool speechOn = true;
     bool soundEffectsOn = true;
     std::int32_t readingWordsPerMinute = 170;  // Pace of the balloon without a voice.
+    std::uint16_t languageId = 0x0409;         // The user's: for names and for the choice of a voice.
+    // What opens the engine's own windows; empty where there are none.
+    std::function<void(bool visible)> showPropertySheet;
+    std::function<void()> showDefaultCharacterProperties;
 };
 
 // A control of our own engine, with its characters drawn, moved and spoken through `host`. Borrows both for its lifetime.

@@ -167,6 +167,9 @@ class IDesktop {
 public:
     virtual ~IDesktop() = default;
     virtual Rect WorkArea(Point near) const = 0;  // Screen less panels, of the screen nearest to a point.
+    // Calls `changed` after the screens or their work areas have changed, until Unwatch of the same watcher.
+    virtual void Watch(const void* /*watcher*/, std::function<void()> /*changed*/) {}
+    virtual void Unwatch(const void* /*watcher*/) {}
 };
 
 class IHost {

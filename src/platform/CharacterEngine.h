@@ -39,6 +39,7 @@ inline constexpr std::int32_t LastTagNotAlone = Code(0x8004210E);
 inline constexpr std::int32_t TooOld = Code(0x80042202);
 inline constexpr std::int32_t TooNew = Code(0x80042203);
 inline constexpr std::int32_t NotACharacterFile = Code(0x80042204);
+inline constexpr std::int32_t NotASoundFile = Code(0x80042206);
 inline constexpr std::int32_t NotConnected = Code(0x80042502);
 }
 

@@ -1,0 +1,10 @@
+#pragma once
+#include "engine/character/CharacterData.h"
+
+namespace engine {
+
+// The texts of a character for a language: of that very language, else of the same primary language, else the English ones,
+// else the first. Empty texts when the character has none.
+LocalizedName NamesFor(const Character& character, std::uint16_t languageId);
+
+}

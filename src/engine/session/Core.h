@@ -1,0 +1,35 @@
+#pragma once
+#include "engine/Engine.h"
+#include "engine/base/Postbox.h"
+#include <utility>
+
+namespace engine {
+
+// What all parts of one control share. Lives as long as the control.
+struct Core {
+    Core(IHost& itsHost, EngineSettings itsSettings)
+        : host(itsHost), settings(std::move(itsSettings)), postbox(std::make_shared<CPostbox>(itsHost.Timers()))
+    {
+    }
+    ~Core() { postbox->Close(); }
+    Core(const Core&) = delete;
+    Core& operator=(const Core&) = delete;
+
+    // Tells the program from the event loop, after everything that was posted before.
+    void Tell(std::function<void(platform::ICharacterEngineEvents&)> event)
+    {
+        postbox->Post([this, event = std::move(event)] {
+            if (events != nullptr)
+                event(*events);
+        });
+    }
+    std::int32_t NewRequestID() { return ++lastRequestID; }
+
+    IHost& host;
+    const EngineSettings settings;
+    std::shared_ptr<CPostbox> postbox;
+    platform::ICharacterEngineEvents* events = nullptr;
+    std::int32_t lastRequestID = 0;
+};
+
+}
