@@ -79,10 +79,14 @@ bool LoadUnderBot(std::string& id)
     return LoadDefault();
 }
 
-// The name is the character's identity from now on, also in the settings file.
-void TakeAsCurrent(const std::string& id)
+void TakeAsCurrent()
 {
     Guard()([] { State().current = Engine().Characters()->Character(BotID); });
+}
+
+// The name is the character's identity from now on, also in the settings file.
+void Introduce(const std::string& id)
+{
     Guard()([] { Current().SetAutoPopupMenu(false); });
     if (!id.empty())
         Guard()([&] { Current().SetName(id); });
@@ -157,7 +161,10 @@ bool CharLoad(const std::string& requestedID, bool show)
     const std::optional<ScreenFrame> former = PutFormerAway();
     if (!LoadUnderBot(id))
         return false;
-    TakeAsCurrent(id);
+    TakeAsCurrent();
+    if (!State().current)  // Reported; no later step could do anything.
+        return false;
+    Introduce(id);
     Dress(former);
     if (show) {
         Guard()([] { Current().Show(std::nullopt); });
