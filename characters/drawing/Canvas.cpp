@@ -34,18 +34,44 @@ std::vector<Edge> EdgesOf(const CPath& path)
     return edges;
 }
 
-// Adds one sample line's span to its pixel row, partly covered pixels in proportion.
-void AddSpan(float* row, int width, double from, double to)
+// The pixels that the path can touch, as far as they lie on the canvas.
+Coverage EmptyCoverage(const CPath& path, int width, int height)
 {
-    from = std::clamp(from, 0.0, static_cast<double>(width));
-    to = std::clamp(to, 0.0, static_cast<double>(width));
-    for (int x = static_cast<int>(from); x < width && x < to; ++x) {
+    double left = width, top = height, right = 0, bottom = 0;
+    for (const CPath::Contour& contour : path.Contours())
+        for (const Vec point : contour) {
+            left = std::min(left, point.x);
+            right = std::max(right, point.x);
+            top = std::min(top, point.y);
+            bottom = std::max(bottom, point.y);
+        }
+    const auto within = [](double value, int limit) { return std::clamp(static_cast<int>(value), 0, limit); };
+    Coverage cover{within(std::floor(left), width),
+                   within(std::floor(top), height),
+                   within(std::ceil(right), width),
+                   within(std::ceil(bottom), height),
+                   {}};
+    if (cover.left < cover.right && cover.top < cover.bottom)
+        cover.parts.resize(static_cast<std::size_t>(cover.right - cover.left) *
+                           static_cast<std::size_t>(cover.bottom - cover.top));
+    else
+        cover.bottom = cover.top;
+    return cover;
+}
+
+// Adds one sample line's span to its pixel row, partly covered pixels in proportion.
+void AddSpan(Coverage& cover, int y, double from, double to)
+{
+    from = std::clamp(from, static_cast<double>(cover.left), static_cast<double>(cover.right));
+    to = std::clamp(to, static_cast<double>(cover.left), static_cast<double>(cover.right));
+    float* row = cover.Row(y);
+    for (int x = static_cast<int>(from); x < cover.right && x < to; ++x) {
         const double part = std::min(to, x + 1.0) - std::max(from, static_cast<double>(x));
-        row[x] += static_cast<float>(part / SamplesPerRow);
+        row[x - cover.left] += static_cast<float>(part / SamplesPerRow);
     }
 }
 
-void AddSpans(float* row, int width, std::vector<Crossing>& crossings)
+void AddSpans(Coverage& cover, int y, std::vector<Crossing>& crossings)
 {
     std::sort(crossings.begin(), crossings.end(), [](const Crossing& a, const Crossing& b) { return a.x < b.x; });
     int winding = 0;
@@ -56,7 +82,7 @@ void AddSpans(float* row, int width, std::vector<Crossing>& crossings)
         if (before == 0)
             start = crossing.x;
         else if (winding == 0)
-            AddSpan(row, width, start, crossing.x);
+            AddSpan(cover, y, start, crossing.x);
     }
 }
 
@@ -69,12 +95,12 @@ CCanvas::CCanvas(int width, int height)
 
 Coverage CCanvas::Cover(const CPath& path) const
 {
-    Coverage cover(m_pixels.size(), 0.0F);
+    Coverage cover = EmptyCoverage(path, m_width, m_height);
     const std::vector<Edge> edges = EdgesOf(path);
     std::vector<Edge> active;
     std::vector<Crossing> crossings;
     std::size_t next = 0;
-    for (int sample = 0; sample < m_height * SamplesPerRow; ++sample) {
+    for (int sample = cover.top * SamplesPerRow; sample < cover.bottom * SamplesPerRow; ++sample) {
         const double y = (sample + 0.5) / SamplesPerRow;
         while (next < edges.size() && edges[next].top.y <= y)
             active.push_back(edges[next++]);
@@ -83,7 +109,7 @@ Coverage CCanvas::Cover(const CPath& path) const
         crossings.clear();
         for (const Edge& e : active)
             crossings.push_back({e.top.x + (e.bottom.x - e.top.x) * (y - e.top.y) / (e.bottom.y - e.top.y), e.direction});
-        AddSpans(&cover[static_cast<std::size_t>(sample / SamplesPerRow * m_width)], m_width, crossings);
+        AddSpans(cover, sample / SamplesPerRow, crossings);
     }
     return cover;
 }
@@ -91,12 +117,11 @@ Coverage CCanvas::Cover(const CPath& path) const
 void CCanvas::Fill(const CPath& path, const CPaint& paint, const Coverage* clip)
 {
     const Coverage cover = Cover(path);
-    for (int y = 0; y < m_height; ++y)
-        for (int x = 0; x < m_width; ++x) {
-            const auto at = static_cast<std::size_t>(y * m_width + x);
-            const double part = static_cast<double>(cover[at]) * (clip ? static_cast<double>((*clip)[at]) : 1.0);
+    for (int y = cover.top; y < cover.bottom; ++y)
+        for (int x = cover.left; x < cover.right; ++x) {
+            const double part = cover.At(x, y) * (clip ? clip->At(x, y) : 1.0);
             if (part > 0.002)
-                Lay(m_pixels[at], paint.At({x + 0.5, y + 0.5}), std::min(part, 1.0));
+                Lay(m_pixels[static_cast<std::size_t>(y * m_width + x)], paint.At({x + 0.5, y + 0.5}), std::min(part, 1.0));
         }
 }
 

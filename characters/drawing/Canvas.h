@@ -6,8 +6,18 @@
 
 namespace drawing {
 
-// How much of each pixel a shape covers, 0..1, rows from the top.
-using Coverage = std::vector<float>;
+// How much of each pixel of a box a shape covers, 0..1; nothing outside of the box.
+struct Coverage {
+    int left = 0, top = 0, right = 0, bottom = 0;
+    std::vector<float> parts;
+
+    float* Row(int y) { return &parts[static_cast<std::size_t>((y - top) * (right - left))]; }
+    double At(int x, int y) const
+    {
+        const bool inside = x >= left && x < right && y >= top && y < bottom;
+        return inside ? static_cast<double>(parts[static_cast<std::size_t>((y - top) * (right - left) + x - left)]) : 0;
+    }
+};
 
 // A picture in memory on which shapes are laid one over the other, edges smoothed.
 class CCanvas {

@@ -40,7 +40,22 @@ VoiceHints Voice()
 
 std::vector<State> States()
 {
-    return {{"SHOWING", {"Show"}}, {"HIDING", {"Hide"}}, {"SPEAKING", {"RestPose"}}, {"IDLINGLEVEL1", {"Blink"}}};
+    return {{"SHOWING", {"Show"}},
+            {"HIDING", {"Hide"}},
+            {"SPEAKING", {"RestPose"}},
+            {"MOVINGUP", {"MoveUp"}},
+            {"MOVINGDOWN", {"MoveDown"}},
+            {"MOVINGLEFT", {"MoveLeft"}},
+            {"MOVINGRIGHT", {"MoveRight"}},
+            {"GESTURINGUP", {"GestureUp"}},
+            {"GESTURINGDOWN", {"GestureDown"}},
+            {"GESTURINGLEFT", {"GestureLeft"}},
+            {"GESTURINGRIGHT", {"GestureRight"}},
+            {"LISTENING", {"Alert"}},
+            {"HEARING", {"Hearing1", "Hearing2"}},
+            {"IDLINGLEVEL1", {"Blink", "Idle1_1", "Idle1_2"}},
+            {"IDLINGLEVEL2", {"Blink", "Idle1_1", "Idle1_2", "Idle2_1", "Idle2_2"}},
+            {"IDLINGLEVEL3", {"Idle3_1", "Idle3_2"}}};
 }
 
 }
@@ -51,6 +66,7 @@ Character WithoutPictures()
     character.id = Id;
     character.names = Names();
     character.frameSize = {nibbin::FrameSide, nibbin::FrameSide};
+    character.hasStandardSet = true;
     character.balloon = Balloon();
     character.voice = Voice();
     character.states = States();

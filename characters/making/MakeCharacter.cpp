@@ -29,7 +29,7 @@ std::vector<engine::MouthOverlay> MouthsOf(const nibbin::Pose& pose, CPictureBoo
 engine::Frame FrameOf(const motion::Step& step, CPictureBook& book)
 {
     engine::Frame frame;
-    frame.pictures = book.Place(book.Draw(step.pose));
+    frame.pictures = book.Place(step.pose);
     frame.duration = step.duration;
     frame.exitFrame = step.exit;
     frame.branches = step.branches;
@@ -52,6 +52,9 @@ engine::Character MakeCharacter(const std::vector<motion::Scripted>& scripts)
 {
     engine::Character character = WithoutPictures();
     CPictureBook book;
+    for (const motion::Scripted& script : scripts)
+        for (const motion::Step& step : script.steps)
+            book.Expect(step.pose);
     for (const motion::Scripted& script : scripts)
         character.animations.push_back(AnimationOf(script, book));
     book.Finish(character);

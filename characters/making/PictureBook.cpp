@@ -1,6 +1,6 @@
 #include "PictureBook.h"
 #include "../drawing/Palette.h"
-#include "../nibbin/Figure.h"
+#include "Pieces.h"
 #include <algorithm>
 
 namespace making {
@@ -11,6 +11,9 @@ namespace {
 
 constexpr std::size_t PaletteSize = 256;
 constexpr engine::Color KeyColor{255, 0, 255};
+constexpr std::size_t ColorLimit = 160;  // More look no better and pack worse.
+constexpr int UsesWorthSharing = 3;
+constexpr int LongestGap = 4;
 
 template <class Wanted> engine::Rect BoxOf(int width, int height, const Wanted& wanted)
 {
@@ -40,16 +43,27 @@ Picture Cut(const Picture& whole, const engine::Rect& box)
     return part;
 }
 
-// What must be laid over `base` to get `whole`; nothing when pixels would have to vanish.
-std::optional<Picture> PatchOver(const Picture& base, const Picture& whole)
+// Makes single rows of the patch whole again: short gaps cost more than they save.
+void CloseGaps(Picture& patch, const Picture& whole)
+{
+    for (int y = 0; y < patch.height; ++y)
+        for (int x = 1, last = -LongestGap; x < patch.width; ++x) {
+            if (patch.At(x, y) == 0)
+                continue;
+            for (int gap = x - 1; x - last <= LongestGap && gap > last; --gap)
+                patch.Put(gap, y, whole.At(gap, y));
+            last = x;
+        }
+}
+
+// What must be laid over `base`, of which no pixel is missing in `whole`, to get `whole`.
+Picture PatchOver(const Picture& base, const Picture& whole)
 {
     Picture patch = whole;
-    for (std::size_t i = 0; i < whole.pixels.size(); ++i) {
-        if (base.pixels[i] != 0 && whole.pixels[i] == 0)
-            return std::nullopt;
+    for (std::size_t i = 0; i < whole.pixels.size(); ++i)
         if (base.pixels[i] == whole.pixels[i])
             patch.pixels[i] = 0;
-    }
+    CloseGaps(patch, whole);
     return patch;
 }
 
@@ -72,23 +86,23 @@ engine::Rect DifferenceOf(const std::vector<Picture>& pictures)
     });
 }
 
-CPictureBook::CPictureBook() : m_rest(Draw({})) {}
-
 Picture CPictureBook::Draw(const nibbin::Pose& pose) const { return drawing::HardEdged(nibbin::DrawFigure(pose)); }
 
-std::vector<engine::PlacedPicture> CPictureBook::Place(const Picture& whole)
+std::vector<engine::PlacedPicture> CPictureBook::Place(const nibbin::Pose& pose)
 {
+    const Picture whole = Draw(pose);
     const engine::Rect box = SolidBox(whole);
     if (box.width == 0)
         return {};
-    if (whole == m_rest)
+    const auto uses = m_trunkUses.find(nibbin::TrunkKey(pose));
+    if (uses == m_trunkUses.end() || uses->second < UsesWorthSharing)
         return {Keep(whole, box)};
-    if (const std::optional<Picture> patch = PatchOver(m_rest, whole)) {
-        const engine::Rect patchBox = SolidBox(*patch);
-        if (patchBox.width * patchBox.height * 2 < box.width * box.height)
-            return {Keep(*patch, patchBox), Keep(m_rest, SolidBox(m_rest))};
-    }
-    return {Keep(whole, box)};
+    const Picture trunk = drawing::HardEdged(nibbin::DrawTrunk(pose));
+    std::vector<engine::PlacedPicture> placed;
+    for (const Picture& piece : PiecesOf(PatchOver(trunk, whole)))
+        placed.push_back(Keep(piece, SolidBox(piece)));
+    placed.push_back(Keep(trunk, SolidBox(trunk)));
+    return placed;
 }
 
 engine::PlacedPicture CPictureBook::Keep(const Picture& whole, const engine::Rect& box)
@@ -107,7 +121,7 @@ void CPictureBook::Finish(engine::Character& character) const
     drawing::Histogram histogram;
     for (const Picture& picture : m_pictures)
         drawing::Count(picture, histogram);
-    const std::vector<std::uint32_t> colors = drawing::ChooseColors(histogram, PaletteSize - 1);
+    const std::vector<std::uint32_t> colors = drawing::ChooseColors(histogram, ColorLimit);
     character.transparentIndex = 0;
     character.palette = {KeyColor};
     for (const std::uint32_t color : colors)

@@ -1,6 +1,6 @@
 #pragma once
 #include "../drawing/Picture.h"
-#include "../nibbin/Pose.h"
+#include "../nibbin/Figure.h"
 #include "engine/character/CharacterData.h"
 #include <map>
 #include <vector>
@@ -13,11 +13,12 @@ engine::Rect DifferenceOf(const std::vector<drawing::Picture>& pictures);
 // Collects the pictures of a character, each once, and in the end gives them one palette.
 class CPictureBook {
 public:
-    CPictureBook();
     drawing::Picture Draw(const nibbin::Pose& pose) const;
 
-    // The frame's pictures: nothing for an empty drawing; a patch over the resting figure where that needs fewer pixels.
-    std::vector<engine::PlacedPicture> Place(const drawing::Picture& whole);
+    // Announces a pose, so that Place knows which trunks are used again and again.
+    void Expect(const nibbin::Pose& pose) { ++m_trunkUses[nibbin::TrunkKey(pose)]; }
+    // The frame's pictures: none for an empty drawing; the trunk and a patch over it where other poses share the trunk.
+    std::vector<engine::PlacedPicture> Place(const nibbin::Pose& pose);
     // The part of the drawing inside the box as a picture of its own.
     engine::PlacedPicture Keep(const drawing::Picture& whole, const engine::Rect& box);
 
@@ -27,7 +28,7 @@ public:
 private:
     std::vector<drawing::Picture> m_pictures;
     std::map<std::vector<std::uint32_t>, std::uint32_t> m_known;  // By size and pixels.
-    drawing::Picture m_rest;
+    std::map<std::vector<double>, int> m_trunkUses;
 };
 
 }

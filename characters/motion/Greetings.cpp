@@ -57,26 +57,29 @@ Scripted Announce()
 {
     CScript script("Announce", Rest());
     script.Go(2, 7, Ease::Both, [](Pose& p) { p.right = {22, 18, 4, 0, 1}, p.faceX = -0.3, Gaze(p, -0.6, 0.4); });
-    script.Go(3, 7, Ease::Out, [](Pose& p) {
-        p.right = {8, 32, 9, 0, 0}, p.tool = Tool::Horn, p.toolSize = 1, p.toolTurn = -38, Turn(p, -0.35, -0.1), p.lean = -3;
+    script.Go(1, 7, Ease::Even, [](Pose& p) {
+        p.right = {34, 30, 6, 0, 0}, p.tool = Tool::Horn, p.toolSize = 0.8, p.toolTurn = -60;
     });
-    script.Go(2, 8, Ease::Both, [](Pose& p) { p.stretch = -0.06, Lids(p, 0.7), p.right.up = 30; });
-    const auto blow = script.Next();
+    script.Go(2, 7, Ease::Out, [](Pose& p) {
+        p.right = {19, 36, 9, 0, 0}, p.toolSize = 1, p.toolTurn = -68, Turn(p, -0.35, -0.1), p.lean = -3;
+    });
+    script.Go(2, 8, Ease::Both, [](Pose& p) { p.stretch = -0.06, Lids(p, 0.6); });
     for (int i = 0; i < 2; ++i) {
         script
             .Go(2, 7, Ease::Out,
                 [](Pose& p) {
-                    p.stretch = 0.05, p.right.up = 37, Lids(p, 1), p.blush = 1.2, p.mouthOpen = 0.25, p.mouthWidth = 0.45,
-                    p.quill = -12, p.toolTurn = -44, p.toolSize = 1.1;
+                    p.stretch = 0.04, p.right.up = 38, Lids(p, 1), p.blush = 1.2, p.mouthOpen = 0.25, p.mouthWidth = 0.4,
+                    p.quill = -12, p.toolTurn = -76, p.toolSize = 1.12;
                 })
             .Hold(10 + 12 * i);
         script.Go(2, 7, Ease::Both,
-                  [](Pose& p) { p.stretch = -0.03, p.right.up = 32, p.quill = 6, p.toolTurn = -38, p.toolSize = 1; });
+                  [](Pose& p) { p.stretch = -0.03, p.right.up = 36, p.quill = 6, p.toolTurn = -68, p.toolSize = 1; });
     }
-    script.ExitHere(blow);
-    script.Go(3, 7, Ease::Both, [](Pose& p) {
-        p = Rest(), p.right = {22, 18, 4, 0, 1}, p.tool = Tool::Horn, p.toolSize = 0.3;
+    script.ExitHere();
+    script.Go(2, 7, Ease::Both, [](Pose& p) {
+        p = Rest(), p.right = {36, 28, 6, 0, 0}, p.tool = Tool::Horn, p.toolSize = 0.7, p.toolTurn = -60;
     });
+    script.Go(1, 7, Ease::Both, [](Pose& p) { p.right = {22, 18, 4, 0, 1}, p.toolSize = 0.3; });
     script.GoTo(2, 7, Ease::Both, Rest()).Speaks();
     return script.EndsByExits();
 }
@@ -88,7 +91,7 @@ void AddGetAttention(Scripts& scripts)
         p.left = {40, 70, 7, 1, 0}, p.right = {28, 14, 4, 0, 0}, Brows(p, 3), Lids(p, 0), p.mouthOpen = 0.3;
     });
     const auto hop = [](CScript& script) {
-        script.Go(2, 6, Ease::Out, [](Pose& p) { p.y = -6, p.stretch = 0.03, p.quill = -8; });
+        script.Go(2, 6, Ease::Out, [](Pose& p) { p.y = -5, p.stretch = 0.03, p.quill = -8; });
         script.Go(2, 6, Ease::In, [](Pose& p) { p.y = 0, p.stretch = -0.06, p.quill = 8; });
     };
     hop(knock);

@@ -13,7 +13,7 @@ Pose BookInHands()
     pose.faceY = 0.35;
     Gaze(pose, 0, 0.95);
     Lids(pose, 0.34);
-    Hands(pose, 28, 15, 7);
+    Hands(pose, 25, 13, 9);
     pose.mouthCurve = 0.5;
     return pose;
 }
@@ -25,12 +25,8 @@ Pose PadInHands()
     pose.tool = nibbin::Tool::Pencil;
     pose.toolSize = 1;
     pose.toolTurn = -40;
-    pose.left.out = 27;
-    pose.left.up = 16;
-    pose.left.bend = 8;
-    pose.right.out = -3;
-    pose.right.up = 36;
-    pose.right.bend = 9;
+    pose.left = {22, 12, 8, 0, 0};
+    pose.right = {6, 33, 8, 0, 0};
     pose.faceX = 0.25;
     pose.faceY = 0.3;
     Gaze(pose, 0.55, 0.9);
@@ -73,7 +69,8 @@ void Turn(Pose& pose, double x, double y)
 Scripts AllScripts()
 {
     Scripts scripts;
-    for (const auto add : {AddBasics, AddComingAndGoing, AddGreetings, AddReading})
+    for (const auto add : {AddBasics, AddComingAndGoing, AddGreetings, AddReading, AddWriting, AddDirections, AddFeelings,
+                           AddAnswers, AddWork, AddMagic, AddListening, AddIdling})
         add(scripts);
     return scripts;
 }

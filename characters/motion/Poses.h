@@ -34,6 +34,6 @@ void AddIdling(Scripts& scripts);
 Scripts AllScripts();
 
 // The way from an animation's last pose back to rest, as the animation of that name.
-Scripted WayBack(const std::string& name, const Scripted& from, int frames = 4);
+Scripted WayBack(const std::string& name, const Scripted& from, int frames = 3);
 
 }

@@ -11,9 +11,8 @@ constexpr double ShoulderOut = 27, ShoulderUp = 37, HandRadius = 5.4;
 CPath::Contour LineOf(const Arm& arm, double side)
 {
     const Vec shoulder{side * ShoulderOut, -ShoulderUp}, hand = HandOf(arm, side);
-    const Vec along = Unit(hand - shoulder);
-    const Vec across{-along.y * side, along.x * side};
-    return CPath::Arc(shoulder, Mix(shoulder, hand, 0.5) + across * (arm.bend * 2), hand);
+    const Vec elbow{side * 1.5, 1.3};  // Always outwards and down, so that it never flips over.
+    return CPath::Arc(shoulder, Mix(shoulder, hand, 0.5) + elbow * arm.bend, hand);
 }
 
 // The mitten with its thumb, which looks up and inwards, and the finger when it points; `rim` is added all around.

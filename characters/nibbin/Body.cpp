@@ -64,19 +64,24 @@ void DrawQuill(const CPen& body, const Pose& pose)
     pen.Fill(CPath::Tube(stem, 1.3, 0.5), colors::QuillVein);
 }
 
+Vec TrunkTurn(const Pose& pose) { return {std::round(pose.faceX * 2) / 2, std::round(pose.faceY * 2) / 2}; }
+
 void DrawBody(const CPen& body, const Pose& pose)
 {
     const CPath seed = Seed();
     body.Shape(seed, CPaint::Glow({-9, -60}, colors::SkinLight, 62, colors::SkinDark), colors::Line, colors::LineWidth);
     const Coverage clip = body.Cover(seed);
-    const Vec face = FaceCenter(pose);
+    Pose turned;
+    turned.faceX = TrunkTurn(pose).x;
+    turned.faceY = TrunkTurn(pose).y;
+    const Vec face = FaceCenter(turned);
     body.Fill(CPath::Ellipse(face + Vec{0, 3}, 25.5, 22.5), CPaint::Glow(face + Vec{0, 2}, colors::Face, 34, Hex(0xF9D08A)),
               &clip);
 }
 
 void DrawHusk(const CPen& body, const Pose& pose)
 {
-    const double shift = pose.faceX * 2;
+    const double shift = TrunkTurn(pose).x * 2;
     const CPath cup = Cup(shift);
     body.Shape(cup, CPaint::Line({-16, -34}, colors::HuskLight, {14, -2}, colors::HuskDark), colors::Line,
                colors::LineWidth);

@@ -11,7 +11,6 @@ namespace {
 
 // Grows in, stands, shrinks out over 0..1.
 double Swell(double phase) { return std::clamp(std::min(phase / 0.25, (1 - phase) / 0.2), 0.0, 1.0); }
-double Late(double phase, double start) { return std::clamp((phase - start) / (1 - start), 0.0, 1.0); }
 
 CPath Star4(Vec at, double radius)
 {
@@ -89,17 +88,34 @@ void DrawBulb(const CPen& root, double phase)
 void DrawConfetti(const CPen& root, double phase)
 {
     constexpr std::array Colors{0xF0704FU, 0xF2C14EU, 0x63C2B0U, 0x7F8FE0U, 0xD77A9CU};
-    for (int i = 0; i < 18; ++i) {
-        const double start = 0.012 * (i * 7 % 18), own = Late(phase, start);
-        const double side = -54 + 108 * ((i * 11 % 18) / 17.0);
-        const Vec at{side * (0.35 + 0.65 * std::sqrt(own)) + 3 * std::sin(own * 9 + i),
-                     -116 + own * own * 60 + 50 * own * (0.6 + 0.05 * (i % 5))};
+    constexpr std::array<Vec, 18> Pieces{{{-44, 0},
+                                          {31, 8},
+                                          {-9, 3},
+                                          {50, 17},
+                                          {-27, 21},
+                                          {12, 12},
+                                          {-52, 30},
+                                          {40, 33},
+                                          {-17, 38},
+                                          {4, 27},
+                                          {25, 42},
+                                          {-37, 9},
+                                          {-3, 45},
+                                          {46, 5},
+                                          {-47, 19},
+                                          {19, 24},
+                                          {-22, 29},
+                                          {35, 39}}};
+    double turn = 0;
+    for (std::size_t i = 0; i < Pieces.size(); ++i, turn += 50) {
+        const double own = std::clamp((phase - Pieces[i].y / 100) / 0.55, 0.0, 1.0);
         if (own <= 0.01 || own >= 0.97)
             continue;
-        const CPen piece = root.On(Affine::Move(at) * Affine::Turn(own * 400 + i * 50) *
-                                   Affine::Scale(1, 0.45 + 0.4 * std::fabs(std::sin(own * 8 + i))));
-        piece.Shape(CPath::Polygon({{-2.6, -2.2}, {2.6, -2.2}, {2.6, 2.2}, {-2.6, 2.2}}),
-                    Hex(Colors[static_cast<std::size_t>(i) % Colors.size()]), colors::Line, 0.8);
+        const Vec at{Pieces[i].x + 4 * std::sin(own * 7 + turn), -121 + 118 * own * (0.55 + 0.45 * own)};
+        const CPen piece = root.On(Affine::Move(at) * Affine::Turn(own * 400 + turn) *
+                                   Affine::Scale(1, 0.5 + 0.5 * std::fabs(std::sin(own * 8 + turn))));
+        piece.Shape(CPath::Polygon({{-2.6, -2.2}, {2.6, -2.2}, {2.6, 2.2}, {-2.6, 2.2}}), Hex(Colors[i % Colors.size()]),
+                    colors::Line, 0.9);
     }
 }
 
@@ -140,6 +156,19 @@ void DrawDrop(const CPen& root, double phase)
     pen.Shape(drop, CPaint::Line({0, -6}, colors::White, {0, 6}, Hex(0x86C5E0)), colors::Line, 1.2);
 }
 
+// Three seeds thrown from hand to hand, up to over the quill.
+void DrawSeeds(const CPen& root, double phase)
+{
+    for (int i = 0; i < 3; ++i) {
+        const double way = std::fmod(phase + i / 3.0, 1.0) * 2, t = std::fmod(way, 1.0), side = way < 1 ? 1 : -1;
+        const Vec at{side * (-32 + 64 * t), -58 - 54 * 4 * t * (1 - t)};
+        const CPen seed = root.On(Affine::Move(at) * Affine::Turn(way * 180));
+        seed.Shape(CPath::Smooth({{0, -5.5}, {3.6, 0.5}, {0, 4.5}, {-3.6, 0.5}}),
+                   CPaint::Glow({-1, -1}, colors::SkinLight, 6, colors::SkinDark), colors::Line, 1.3);
+        seed.Fill(CPath::Ellipse({0, 2.6}, 2.8, 1.9), colors::Husk);
+    }
+}
+
 // Little clouds of dust that run apart over the ground.
 void DrawPuff(const CPen& root, double phase)
 {
@@ -162,8 +191,8 @@ void DrawEffect(const CPen& root, const Pose& pose)
 {
     if (pose.kind == Effect::None || pose.effect <= 0 || pose.effect >= 1)
         return;
-    constexpr std::array Drawers{DrawSleep,    DrawSparkles, DrawQuestion, DrawExclaim, DrawBulb,
-                                 DrawConfetti, DrawThought,  DrawWaves,    DrawDrop,    DrawPuff};
+    constexpr std::array Drawers{DrawSleep,   DrawSparkles, DrawQuestion, DrawExclaim, DrawBulb, DrawConfetti,
+                                 DrawThought, DrawWaves,    DrawDrop,     DrawSeeds,   DrawPuff};
     Drawers[static_cast<std::size_t>(pose.kind) - 1](root, pose.effect);
 }
 

@@ -47,7 +47,7 @@ void DrawEye(const CPen& face, const Pose& pose, const Eye& part, double side)
 {
     const double far = 1 - 0.16 * std::max(0.0, side * pose.faceX);
     const CPen eye = face.On(Affine::Move({side * EyeX * (1 - 0.05 * std::fabs(pose.faceX)), EyeY}) * Affine::Scale(far, 1));
-    if (part.lid > 0.8 || part.lid + part.smile * 0.75 > 1.15)
+    if (part.lid > 0.74 || part.lid + part.smile * 0.75 > 1)
         return DrawClosedEye(eye, part.smile);
     const CPath ball = CPath::Ellipse({}, EyeWidth, EyeHeight);
     eye.Shape(ball, CPaint::Line({0, -9}, colors::EyeShade, {0, -2}, colors::White), colors::SoftLine, 0.9);

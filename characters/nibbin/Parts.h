@@ -25,5 +25,7 @@ void DrawTool(const drawing::CPen& body, const Pose& pose);
 void DrawEffect(const drawing::CPen& root, const Pose& pose);
 
 drawing::Vec FaceCenter(const Pose& pose);
+// The face's turn as the trunk shows it: in steps of a half.
+drawing::Vec TrunkTurn(const Pose& pose);
 
 }

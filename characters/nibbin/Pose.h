@@ -7,9 +7,9 @@ namespace nibbin {
 
 // A hand's place: `out` from the body's middle line to its own side, `up` from the ground.
 struct Arm {
-    double out = 35;
-    double up = 20;
-    double bend = 5;    // How far the elbow leaves the straight line; positive is outwards and down.
+    double out = 36;
+    double up = 22;
+    double bend = 5;    // How far the elbow leaves the straight line, outwards and down.
     double point = 0;   // 0..1: a finger stretched out along the arm.
     double behind = 0;  // Over 0.5: drawn behind the body.
 };
@@ -28,7 +28,20 @@ struct Eye {
 };
 
 enum class Tool : std::uint8_t { None, Pencil, Magnifier, Wand, Horn };
-enum class Effect : std::uint8_t { None, Sleep, Sparkles, Question, Exclaim, Bulb, Confetti, Thought, Waves, Drop, Puff };
+enum class Effect : std::uint8_t {
+    None,
+    Sleep,
+    Sparkles,
+    Question,
+    Exclaim,
+    Bulb,
+    Confetti,
+    Thought,
+    Waves,
+    Drop,
+    Seeds,
+    Puff
+};
 enum class MouthShape : std::uint8_t { Own, Closed, Wide1, Wide2, Wide3, Wide4, Medium, Narrow };
 
 struct Pose {

@@ -33,7 +33,7 @@ void DrawPage(const CPen& book, double page)
 {
     if (page <= 0.02 || page >= 0.98)
         return;
-    const double angle = Pi * page, reach = -std::cos(angle) * (CoverWidth - 2), rise = std::sin(angle) * 11;
+    const double angle = Pi * page, reach = -std::cos(angle) * (CoverWidth - 2), rise = std::sin(angle) * 15;
     const Vec tip{reach, -CoverHeight - 2 - rise};
     CPath sheet;
     sheet.MoveTo({0, -CoverHeight}).QuadTo({reach * 0.35, -CoverHeight - 3 - rise * 0.3}, tip);
@@ -43,10 +43,10 @@ void DrawPage(const CPen& book, double page)
 
 void DrawPencil(const CPen& hand)
 {
-    hand.Shape(CPath::Polygon({{-2.1, -13}, {2.1, -13}, {2.1, 8}, {0, 13}, {-2.1, 8}}), colors::Gold, colors::Line, 1.2);
+    hand.Shape(CPath::Polygon({{-2.1, -9}, {2.1, -9}, {2.1, 8}, {0, 13}, {-2.1, 8}}), colors::Gold, colors::Line, 1.2);
     hand.Fill(CPath::Polygon({{-2.1, 8}, {2.1, 8}, {0, 13}}), colors::Paper);
     hand.Fill(CPath::Polygon({{-0.9, 10.8}, {0.9, 10.8}, {0, 13}}), colors::Line);
-    hand.Fill(CPath::Polygon({{-2.1, -13}, {2.1, -13}, {2.1, -10}, {-2.1, -10}}), colors::ShoeLight);
+    hand.Fill(CPath::Polygon({{-2.1, -9}, {2.1, -9}, {2.1, -6.5}, {-2.1, -6.5}}), colors::ShoeLight);
 }
 
 void DrawMagnifier(const CPen& hand)
@@ -77,9 +77,13 @@ void DrawWand(const CPen& hand)
 void DrawHorn(const CPen& hand)
 {
     CPath horn;
-    horn.MoveTo({-1.6, 5}).CurveTo({-2, -6}, {-3, -12}, {-10, -18}).LineTo({10, -18}).CurveTo({3, -12}, {2, -6}, {1.6, 5});
-    hand.Shape(horn, CPaint::Line({-8, -10}, colors::Gold, {8, -8}, Hex(0xC98A2E)), colors::Line, colors::LineWidth);
-    hand.Shape(CPath::Ellipse({0, -18}, 10, 3), Hex(0x9A5F22), colors::Line, 1.2);
+    horn.MoveTo({-2.2, 10})
+        .CurveTo({-2.2, -6}, {-4, -15}, {-12, -23})
+        .LineTo({12, -23})
+        .CurveTo({4, -15}, {2.2, -6}, {2.2, 10});
+    hand.Shape(horn, CPaint::Line({-9, -10}, colors::Cover, {9, -8}, colors::CoverDark), colors::Line, colors::LineWidth);
+    hand.Shape(CPath::Ellipse({0, -23}, 12, 3.8), colors::Gold, colors::Line, 1.2);
+    hand.Fill(CPath::Ellipse({0, -23}, 9.4, 2.4), Hex(0x7A4A1E));
 }
 
 }
@@ -96,19 +100,19 @@ void DrawBook(const CPen& body, const Pose& pose)
     book.Fill(CPath::Rounded({-1.8, -CoverHeight}, {1.8, 0.6}, 1.2), colors::CoverDark);
 }
 
-// A pad held out by the left hand, seen from behind at a slant, its writing side to the figure's front.
+// A pad before the belly, its lower edge in the left hand.
 void DrawPad(const CPen& body, const Pose& pose)
 {
     if (pose.pad <= 0.02)
         return;
     const Vec hand = HandOf(pose.left, LeftSide);
-    const CPen pad = body.On(Affine::Move(hand + Vec{-4, -8}) * Affine::Turn(-8) * Affine::Scale(pose.pad, pose.pad));
-    pad.Shape(CPath::Rounded({-11, -14}, {11, 13}, 2), colors::Paper, colors::Line, colors::LineWidth);
-    pad.Fill(CPath::Rounded({-11, -14}, {11, -9.5}, 2), colors::Cover);
+    const CPen pad = body.On(Affine::Move(hand + Vec{-14, -5}) * Affine::Turn(-6) * Affine::Scale(pose.pad, pose.pad));
+    pad.Shape(CPath::Rounded({-12, -13}, {12, 15}, 2), colors::Paper, colors::Line, colors::LineWidth);
+    pad.Fill(CPath::Rounded({-12, -13}, {12, -9}, 2), colors::Cover);
     for (int line = 0; line < 5; ++line) {
-        const double length = std::clamp(pose.padLines * 5 - line, 0.0, 1.0) * (line == 4 ? 10 : 15);
+        const double length = std::clamp(pose.padLines * 5 - line, 0.0, 1.0) * (line == 4 ? 10 : 17);
         if (length > 0.5)
-            pad.Stroke({{-7.5, -5.5 + 3.8 * line}, {-7.5 + length, -5.5 + 3.8 * line}}, Hex(0x5B6FA8), 1.2);
+            pad.Stroke({{-8.5, -5.5 + 4.0 * line}, {-8.5 + length, -5.5 + 4.0 * line}}, Hex(0x5B6FA8), 1.2);
     }
 }
 
