@@ -97,12 +97,20 @@ std::vector<engine::PlacedPicture> CPictureBook::Place(const nibbin::Pose& pose)
     const auto uses = m_trunkUses.find(nibbin::TrunkKey(pose));
     if (uses == m_trunkUses.end() || uses->second < UsesWorthSharing)
         return {Keep(whole, box)};
-    const Picture trunk = drawing::HardEdged(nibbin::DrawTrunk(pose));
+    const Picture& trunk = TrunkOf(pose);
     std::vector<engine::PlacedPicture> placed;
     for (const Picture& piece : PiecesOf(PatchOver(trunk, whole)))
         placed.push_back(Keep(piece, SolidBox(piece)));
     placed.push_back(Keep(trunk, SolidBox(trunk)));
     return placed;
+}
+
+const Picture& CPictureBook::TrunkOf(const nibbin::Pose& pose)
+{
+    Picture& trunk = m_trunks[nibbin::TrunkKey(pose)];
+    if (trunk.pixels.empty())
+        trunk = drawing::HardEdged(nibbin::DrawTrunk(pose));
+    return trunk;
 }
 
 engine::PlacedPicture CPictureBook::Keep(const Picture& whole, const engine::Rect& box)

@@ -26,9 +26,12 @@ public:
     void Finish(engine::Character& character) const;
 
 private:
+    const drawing::Picture& TrunkOf(const nibbin::Pose& pose);
+
     std::vector<drawing::Picture> m_pictures;
     std::map<std::vector<std::uint32_t>, std::uint32_t> m_known;  // By size and pixels.
     std::map<std::vector<double>, int> m_trunkUses;
+    std::map<std::vector<double>, drawing::Picture> m_trunks;
 };
 
 }

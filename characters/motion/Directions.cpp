@@ -40,7 +40,11 @@ Pose Pointing(double out, double up, double bend, double faceX, double faceY)
 void AddGesture(Scripts& scripts, const std::string& name, const Pose& goal)
 {
     CScript script(name, Rest());
-    script.Go(1, 7, Ease::Both, [&](Pose& p) { p.stretch = -0.04, p.gazeX = goal.gazeX * 0.6, p.gazeY = goal.gazeY * 0.6; });
+    script.Go(1, 7, Ease::Both, [&](Pose& p) {
+        p.stretch = -0.04;
+        p.gazeX = goal.gazeX * 0.6;
+        p.gazeY = goal.gazeY * 0.6;
+    });
     script.GoTo(3, 7, Ease::Over, goal).GoTo(1, 8, Ease::Both, goal).Speaks();
     AddHeld(scripts, script);
 }
@@ -48,10 +52,17 @@ void AddGesture(Scripts& scripts, const std::string& name, const Pose& goal)
 void AddLook(Scripts& scripts, const std::string& name, double x, double y)
 {
     CScript script(name, Rest());
-    script.Go(1, 6, Ease::Even, [&](Pose& p) { Gaze(p, x * 0.7, y * 0.7), Lids(p, 0.45); });
+    script.Go(1, 6, Ease::Even, [&](Pose& p) {
+        Gaze(p, x * 0.7, y * 0.7);
+        Lids(p, 0.45);
+    });
     script.Go(2, 7, Ease::Out, [&](Pose& p) {
-        Turn(p, x, y), Lids(p, y > 0 ? 0.3 : 0.06), Brows(p, y < 0 ? 2 : 0), p.lean = x * 2, p.quill = -x * 5,
-                                                                             p.stretch = -y * 0.02;
+        Turn(p, x, y);
+        Lids(p, y > 0 ? 0.3 : 0.06);
+        Brows(p, y < 0 ? 2 : 0);
+        p.lean = x * 2;
+        p.quill = -x * 5;
+        p.stretch = -y * 0.02;
     });
     AddHeld(scripts, script);
 }
@@ -106,7 +117,10 @@ void AddMove(Scripts& scripts, const std::string& name, const Pose& goal)
 {
     CScript script(name, Rest());
     script.Go(2, 6, Ease::Both, [&](Pose& p) {
-        p.stretch = -0.09, p.lean = -goal.lean * 0.4, Gaze(p, goal.gazeX, goal.gazeY), Hands(p, 36, 24, 6);
+        p.stretch = -0.09;
+        p.lean = -goal.lean * 0.4;
+        Gaze(p, goal.gazeX, goal.gazeY);
+        Hands(p, 36, 24, 6);
     });
     script.GoTo(3, 6, Ease::Out, goal);
     AddHeld(scripts, script);

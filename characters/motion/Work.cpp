@@ -12,10 +12,20 @@ constexpr int JuggleFrames = 12;
 
 void ReadyToJuggle(CScript& script)
 {
-    script.Go(2, 7, Ease::Both, [](Pose& p) { Hands(p, 20, 20, 5), p.left.behind = p.right.behind = 1, p.stretch = -0.04; })
+    script
+        .Go(2, 7, Ease::Both,
+            [](Pose& p) {
+                Hands(p, 20, 20, 5);
+                p.left.behind = p.right.behind = 1;
+                p.stretch = -0.04;
+            })
         .Hold(4);
     script.Go(2, 7, Ease::Out, [](Pose& p) {
-        Hands(p, 35, 47, 9), p.left.behind = p.right.behind = 0, p.stretch = 0, Turn(p, 0, -0.5), Brows(p, 1.5);
+        Hands(p, 35, 47, 9);
+        p.left.behind = p.right.behind = 0;
+        p.stretch = 0;
+        Turn(p, 0, -0.5);
+        Brows(p, 1.5);
     });
 }
 
@@ -26,8 +36,13 @@ void Juggle(CScript& script)
     for (int frame = 0; frame < JuggleFrames; ++frame) {
         const double swing = frame % 4 < 2 ? 1 : -1;
         script.Go(1, 7, Ease::Even, [=](Pose& p) {
-            p = start, p.kind = Effect::Seeds, p.effect = 0.02 + 0.96 * frame / JuggleFrames;
-            p.left.up += 2.5 * swing, p.right.up -= 2.5 * swing, p.gazeX = 0.5 * swing, p.gazeY = -0.8;
+            p = start;
+            p.kind = Effect::Seeds;
+            p.effect = 0.02 + 0.96 * frame / JuggleFrames;
+            p.left.up += 2.5 * swing;
+            p.right.up -= 2.5 * swing;
+            p.gazeX = 0.5 * swing;
+            p.gazeY = -0.8;
         });
     }
     script.Go(0, 7, Ease::Even, [&](Pose& p) { p = start; });
@@ -35,8 +50,13 @@ void Juggle(CScript& script)
 
 void StopJuggling(CScript& script)
 {
-    script.Go(1, 7, Ease::Even,
-              [](Pose& p) { Hands(p, 33, 40, 9), p.stretch = -0.04, Smile(p, 0.3), p.kind = Effect::None, p.effect = 0; });
+    script.Go(1, 7, Ease::Even, [](Pose& p) {
+        Hands(p, 33, 40, 9);
+        p.stretch = -0.04;
+        Smile(p, 0.3);
+        p.kind = Effect::None;
+        p.effect = 0;
+    });
     script.GoTo(3, 7, Ease::Both, Rest());
 }
 
@@ -60,13 +80,30 @@ void AddProcess(Scripts& scripts)
 
 void TakeGlass(CScript& script)
 {
-    script.Go(2, 7, Ease::Both, [](Pose& p) { p.right = {20, 19, 4, 0, 1}, p.faceX = -0.3, Gaze(p, -0.6, 0.5); }).Hold(3);
+    script
+        .Go(2, 7, Ease::Both,
+            [](Pose& p) {
+                p.right = {20, 19, 4, 0, 1};
+                p.faceX = -0.3;
+                Gaze(p, -0.6, 0.5);
+            })
+        .Hold(3);
     script.Go(1, 7, Ease::Even, [](Pose& p) {
-        p.right = {34, 30, 7, 0, 0}, p.tool = Tool::Magnifier, p.toolSize = 0.7, p.toolTurn = 0;
+        p.right = {34, 30, 7, 0, 0};
+        p.tool = Tool::Magnifier;
+        p.toolSize = 0.7;
+        p.toolTurn = 0;
     });
     script.Go(3, 7, Ease::Out, [](Pose& p) {
-        p.right = {24, 39, 10, 0, 0}, p.toolSize = 1, p.toolTurn = 38, Turn(p, 0, 0.1), p.rightEye.lid = 0,
-        p.leftEye.lid = 0.5, p.leftEye.smile = 0.3, p.rightEye.brow = 2.5, p.mouthWidth = 0.7;
+        p.right = {24, 39, 10, 0, 0};
+        p.toolSize = 1;
+        p.toolTurn = 38;
+        Turn(p, 0, 0.1);
+        p.rightEye.lid = 0;
+        p.leftEye.lid = 0.5;
+        p.leftEye.smile = 0.3;
+        p.rightEye.brow = 2.5;
+        p.mouthWidth = 0.7;
     });
 }
 
@@ -77,21 +114,42 @@ void LookAbout(CScript& script)
         script
             .Go(4, 8, Ease::Both,
                 [=](Pose& p) {
-                    Turn(p, 0.7 * side, 0.2), p.lean = 4 * side, p.right.out = 24 - 4.5 * side, p.quill = -8 * side;
+                    Turn(p, 0.7 * side, 0.2);
+                    p.lean = 4 * side;
+                    p.right.out = 24 - 4.5 * side;
+                    p.quill = -8 * side;
                 })
             .Hold(22);
     }
-    script.Go(3, 8, Ease::Both, [](Pose& p) { Turn(p, 0, 0.7), p.lean = 0, p.right.out = 24, p.right.up = 36, p.quill = 6; })
+    script
+        .Go(3, 8, Ease::Both,
+            [](Pose& p) {
+                Turn(p, 0, 0.7);
+                p.lean = 0;
+                p.right.out = 24;
+                p.right.up = 36;
+                p.quill = 6;
+            })
         .Hold(25);
-    script.Go(2, 8, Ease::Both, [](Pose& p) { Turn(p, 0, 0.1), p.right.up = 39, p.quill = 0; });
+    script.Go(2, 8, Ease::Both, [](Pose& p) {
+        Turn(p, 0, 0.1);
+        p.right.up = 39;
+        p.quill = 0;
+    });
 }
 
 void PutGlassAway(CScript& script)
 {
     script.Go(2, 7, Ease::Both, [](Pose& p) {
-        p = Rest(), p.right = {36, 32, 7, 0, 0}, p.tool = Tool::Magnifier, p.toolSize = 0.8;
+        p = Rest();
+        p.right = {36, 32, 7, 0, 0};
+        p.tool = Tool::Magnifier;
+        p.toolSize = 0.8;
     });
-    script.Go(1, 7, Ease::Even, [](Pose& p) { p.toolSize = 0.3, p.right = {21, 19, 4, 0, 1}; });
+    script.Go(1, 7, Ease::Even, [](Pose& p) {
+        p.toolSize = 0.3;
+        p.right = {21, 19, 4, 0, 1};
+    });
     script.GoTo(2, 7, Ease::Both, Rest());
 }
 
@@ -119,40 +177,6 @@ void AddWork(Scripts& scripts)
 {
     AddProcess(scripts);
     AddSearch(scripts);
-}
-
-void AddMagic(Scripts& scripts)
-{
-    CScript swing("DoMagic1", Rest());
-    swing.Go(2, 7, Ease::Both, [](Pose& p) { p.right = {20, 19, 4, 0, 1}, p.faceX = -0.3, Gaze(p, -0.5, 0.4); });
-    swing.Go(3, 7, Ease::Out, [](Pose& p) {
-        p.right = {41, 52, 8, 0, 0}, p.tool = Tool::Wand, p.toolSize = 1, p.toolTurn = -25, Turn(p, -0.5, -0.3), Brows(p, 2);
-    });
-    swing.Go(2, 6, Ease::Both, [](Pose& p) { p.right = {39, 60, 7, 0, 0}, p.toolTurn = -32, p.lean = -4, p.quill = 10; });
-    swing.Go(3, 6, Ease::In, [](Pose& p) {
-        p.right = {38, 44, 8, 0, 0}, p.toolTurn = 12, p.lean = 3, Turn(p, 0.2, 0), p.quill = -10, p.kind = Effect::Sparkles,
-        p.effect = 0.15;
-    });
-    swing.Go(6, 8, Ease::Even,
-             [](Pose& p) { p.effect = 0.75, p.lean = 0, p.quill = 0, p.faceX = 0, Gaze(p, 0, 0), Smile(p, 0.3); });
-    swing.Go(2, 8, Ease::Even, [](Pose& p) { p.effect = 1; }).Speaks();
-    scripts.push_back(swing.ReturnsBy("DoMagic1Return"));
-    CScript back("DoMagic1Return", swing.Present());
-    back.Go(2, 7, Ease::Both, [](Pose& p) {
-        p = Rest(), p.right = {21, 19, 4, 0, 1}, p.tool = Tool::Wand, p.toolSize = 0.3;
-    });
-    scripts.push_back(back.GoTo(2, 7, Ease::Both, Rest()).Ends());
-
-    CScript burst("DoMagic2", Rest());
-    burst.Go(3, 7, Ease::Both, [](Pose& p) { Hands(p, 10, 30, 11), p.stretch = -0.1, Lids(p, 1), p.quill = 14; }).Hold(14);
-    burst.Go(2, 6, Ease::Out, [](Pose& p) {
-        Hands(p, 45, 62, 6), p.stretch = 0.04, p.y = -3, Lids(p, 0), p.mouthOpen = 0.6, Smile(p, 0.3), p.quill = -12,
-                             p.kind = Effect::Sparkles, p.effect = 0.2;
-    });
-    burst.Go(7, 8, Ease::Even, [](Pose& p) { p.stretch = 0, p.y = 0, p.effect = 0.95, p.quill = 6; });
-    burst.ExitHere();
-    burst.GoTo(4, 7, Ease::Both, Rest());
-    scripts.push_back(burst.EndsByExits());
 }
 
 }

@@ -20,16 +20,30 @@ void Reach(Pose& p)
 void TakePad(CScript& script)
 {
     script.Go(2, 7, Ease::Both, Reach).Hold(3);
-    script.Go(3, 7, Ease::Out,
-              [](Pose& p) { p = PadInHands(), p.right.out = 33, p.right.up = 44, Gaze(p, -0.5, 0), p.faceX = -0.1; });
+    script.Go(3, 7, Ease::Out, [](Pose& p) {
+        p = PadInHands();
+        p.right.out = 33;
+        p.right.up = 44;
+        Gaze(p, -0.5, 0);
+        p.faceX = -0.1;
+    });
     script.Go(3, 7, Ease::Both, [](Pose& p) { p = PadInHands(); });
 }
 
 void PutPadAway(CScript& script)
 {
-    script.Go(2, 7, Ease::Both,
-              [](Pose& p) { p = PadInHands(), p.right.out = 28, p.right.up = 40, Gaze(p, 0, 0.2), p.faceX = 0; });
-    script.Go(1, 7, Ease::Even, [](Pose& p) { p.toolSize = 0.6, p.pad = 0.5, p.left.up = 16; });
+    script.Go(2, 7, Ease::Both, [](Pose& p) {
+        p = PadInHands();
+        p.right.out = 28;
+        p.right.up = 40;
+        Gaze(p, 0, 0.2);
+        p.faceX = 0;
+    });
+    script.Go(1, 7, Ease::Even, [](Pose& p) {
+        p.toolSize = 0.6;
+        p.pad = 0.5;
+        p.left.up = 16;
+    });
     script.Go(1, 7, Ease::Even, Reach);
     script.GoTo(3, 7, Ease::Both, Rest());
 }
@@ -50,7 +64,12 @@ void WriteLine(CScript& script, int line, int each)
 void LookUpFromPad(CScript& script)
 {
     script.Go(2, 7, Ease::Both, [](Pose& p) {
-        p.faceX = 0, p.faceY = 0, Gaze(p, 0, 0), Lids(p, 0.13), Smile(p, 0.15), p.right = {15, 20, 8, 0, 0},
+        p.faceX = 0;
+        p.faceY = 0;
+        Gaze(p, 0, 0);
+        Lids(p, 0.13);
+        Smile(p, 0.15);
+        p.right = {15, 20, 8, 0, 0};
         p.toolTurn = -25;
     });
 }
@@ -74,7 +93,10 @@ void AddWriting(Scripts& scripts)
     scripts.push_back(write.Speaks().ReturnsBy("WriteReturn"));
 
     CScript more("WriteContinued", lookingUp);
-    more.Go(2, 7, Ease::Both, [](Pose& p) { p = PadInHands(), p.padLines = 0.4; });
+    more.Go(2, 7, Ease::Both, [](Pose& p) {
+        p = PadInHands();
+        p.padLines = 0.4;
+    });
     WriteLine(more, 2, 7);
     WriteLine(more, 3, 7);
     LookUpFromPad(more);
@@ -89,7 +111,15 @@ void AddWriting(Scripts& scripts)
     const auto loop = writing.Next();
     WriteSheet(writing, 5);
     writing.Hold(20);
-    writing.Go(2, 8, Ease::Both, [](Pose& p) { Gaze(p, -0.3, -0.7), p.faceY = -0.2, p.padLines = 0; }).Hold(30).Jump(loop);
+    writing
+        .Go(2, 8, Ease::Both,
+            [](Pose& p) {
+                Gaze(p, -0.3, -0.7);
+                p.faceY = -0.2;
+                p.padLines = 0;
+            })
+        .Hold(30)
+        .Jump(loop);
     writing.ExitHere();
     PutPadAway(writing);
     scripts.push_back(writing.EndsByExits());

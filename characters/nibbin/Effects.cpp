@@ -181,7 +181,7 @@ void DrawPuff(const CPen& root, double phase)
         const double size = cloud.size * std::sin(Pi * std::clamp(phase * 0.85 + 0.15, 0.0, 1.0));
         if (size > 0.9)
             root.Shape(CPath::Ellipse({cloud.start + cloud.run * phase, -size - cloud.rise * phase}, size, size * 0.85),
-                       colors::White, colors::SoftLine, 1.1);
+                       Hex(0xF1E6D2), colors::SoftLine, 1.1);
     }
 }
 
