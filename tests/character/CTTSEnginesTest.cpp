@@ -4,11 +4,16 @@
 namespace {
 CTTSEngines Empty() { return CTTSEngines(CTTSEngines::CEmpty{}); }
 
+// Voices "{1}", "{2}" ... with the names "Voice 1", "Voice 2" ...
 CTTSEngines WithVoices(int count)
 {
     CTTSEngines engines = Empty();
-    for (int voice = 1; voice <= count; ++voice)
-        engines.AddEngine(4, "{" + std::to_string(voice) + "}", "Voice " + std::to_string(voice), 0x0409);
+    for (int voice = 1; voice <= count; ++voice) {
+        const std::string number = std::to_string(voice);
+        std::string modeID = "{";
+        modeID.append(number).append("}");
+        engines.AddEngine(4, modeID, std::string("Voice ").append(number), 0x0409);
+    }
     return engines;
 }
 }
