@@ -63,6 +63,18 @@ Desktop& TheDesktop()
     return desktop;
 }
 
+// Ends the desktop before main does: afterwards Qt's own globals are gone, and an application cannot end without them.
+class CDesktopEnd final : public testing::Environment {
+    void TearDown() override
+    {
+        TheDesktop().application.reset();
+        TheDesktop().manager.reset();
+        TheDesktop().server.reset();
+    }
+};
+
+[[maybe_unused]] const testing::Environment* const desktopEnd = testing::AddGlobalTestEnvironment(new CDesktopEnd);
+
 }
 
 CProgram::CProgram(const std::vector<std::string>& command, const std::string& outputFile, int inherited)
