@@ -123,7 +123,7 @@ TEST(PictureBook, DifferenceOf_TwoPictures_IsTheSmallestBox)
     EXPECT_EQ(box, (engine::Rect{1, 1, 2, 2}));
 }
 
-TEST(PictureBook, Place_TrunkOfManyPoses_GivesTheWholeDrawing)
+TEST(PictureBook, Place_TrunkOfManyPoses_IsSeveralPictures)
 {
     making::CPictureBook book;
     nibbin::Pose pose;
