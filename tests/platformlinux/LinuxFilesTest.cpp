@@ -209,4 +209,13 @@ TEST_F(LinuxFiles, SeedGreetings_NewUser_GetsFiveWithoutAName)
     EXPECT_EQ(std::count(text.begin(), text.end(), '='), 5);
 }
 
+TEST_F(LinuxFiles, SeedCustomSize_OneSideStored_OnlyTheOtherIsAdded)
+{
+    CLinuxRegistry registry(folder.Path("registry.txt"), CAutostart("", ""));
+    registry.Create(Root::CurrentUser, "Software\\Tarrowind\\Parlune")->SetText("CharWidth", "200");
+    SeedCustomSize(registry);
+
+    EXPECT_NE(folder.Read("registry.txt").find("\"CharHeight\" = \"0\"\n\"CharWidth\" = \"200\"\n"), std::string::npos);
+}
+
 }

@@ -1,22 +1,59 @@
 #include "platform/linux/DesktopEngine.h"
+#include "engine/files/CharacterFolders.h"
+#include "engine/hosts/qt/QtHost.h"
 #include "platform/Failure.h"
 
 namespace platform::linuxdesktop {
 namespace {
-class CNoEngine final : public IDesktopEngine, public ICharacterEngineFactory, public ISpeechEngines {
+// A copy of the voices as they are now, counted from 1.
+class CVoiceList final : public ISpeechEngineList {
 public:
+    explicit CVoiceList(std::vector<engine::Voice> voices) : m_voices(std::move(voices)) {}
+    std::int32_t Count() override { return static_cast<std::int32_t>(m_voices.size()); }
+    std::string ModeID(std::int32_t index) override { return At(index).modeId; }
+    std::string ModeName(std::int32_t index) override { return At(index).name; }
+    std::int32_t LanguageID(std::int32_t index) override { return At(index).languageId; }
+
+private:
+    const engine::Voice& At(std::int32_t index) const
+    {
+        if (index < 1 || static_cast<std::size_t>(index) > m_voices.size())
+            throw failure::InvalidCall();
+        return m_voices[static_cast<std::size_t>(index) - 1];
+    }
+    std::vector<engine::Voice> m_voices;
+};
+
+class CDesktopEngine final : public IDesktopEngine, public ICharacterEngineFactory, public ISpeechEngines {
+public:
+    CDesktopEngine(const std::string& sound, const std::string& characterFolder)
+        : m_host(engine::CreateQtHost({.sound = sound})), m_characters({characterFolder})
+    {
+        m_host->WarmUp();
+    }
     ICharacterEngineFactory& Factory() override { return *this; }
     ISpeechEngines& Voices() override { return *this; }
-    std::shared_ptr<ICharacterEngine> Create() override { throw failure::CannotCreateObject(); }
-    void RequireForMainWindow() override {}
-    bool Installed() override { return false; }
-    std::unique_ptr<ISpeechEngineList> Open() override { throw failure::CannotCreateObject(); }
+
+    std::shared_ptr<ICharacterEngine> Create() override { return engine::CreateEngine(*m_host, m_characters); }
+    void RequireForMainWindow() override {}  // The engine is part of the program.
+
+    bool Installed() override { return m_host->Synthesizer().Available(); }
+    std::unique_ptr<ISpeechEngineList> Open() override
+    {
+        if (!Installed())
+            throw failure::CannotCreateObject();
+        return std::make_unique<CVoiceList>(m_host->Synthesizer().Voices());
+    }
+
+private:
+    std::unique_ptr<engine::IQtHost> m_host;
+    engine::CCharacterFolders m_characters;
 };
 }
 
-std::unique_ptr<IDesktopEngine> CreateDesktopEngine(const std::string&, const std::string&)
+std::unique_ptr<IDesktopEngine> CreateDesktopEngine(const std::string& sound, const std::string& characterFolder)
 {
-    return std::make_unique<CNoEngine>();
+    return std::make_unique<CDesktopEngine>(sound, characterFolder);
 }
 
 }

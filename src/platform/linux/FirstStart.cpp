@@ -31,4 +31,12 @@ void SeedGreetings(IRegistry& registry)
         key->SetText("Greeting" + std::to_string(i + 1), Greetings[i]);
 }
 
+void SeedCustomSize(IRegistry& registry)
+{
+    const auto key = registry.Create(Root::CurrentUser, OptionKey);
+    for (const char* side : {"CharWidth", "CharHeight"})
+        if (key && !key->ValueSize(side))
+            key->SetText(side, "0");
+}
+
 }

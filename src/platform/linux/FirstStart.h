@@ -8,7 +8,11 @@ namespace platform::linuxdesktop {
 // Copies every character file of `from` that is missing in `to`, creating that folder.
 void PlaceCharacters(const std::string& from, const std::string& to);
 
-// Gives the registry five greetings, so that a new user is greeted by voice.
+// Gives the registry five greetings, so that the character greets a new user by voice.
 void SeedGreetings(IRegistry& registry);
+
+// Gives the registry a custom size of 0 where it has none: the program reads it at every start as a number, but writes it
+// only at the end of a run that had a character, and would report each of the two as a failure until then.
+void SeedCustomSize(IRegistry& registry);
 
 }

@@ -57,6 +57,7 @@ void CLinuxDesktop::PrepareFirstStart()
     PlaceCharacters(BundledCharacters(m_files), CharacterFolder(m_files));
     if (m_files.Kind(RegistryFile()) == EntryKind::None)
         SeedGreetings(m_registry);
+    SeedCustomSize(m_registry);
 }
 
 }

@@ -21,8 +21,8 @@ struct DesktopSettings {
     std::string sound = "auto";  // See engine/hosts/qt/QtHost.h.
 };
 
-// Owns every service of the Linux desktop. On the first start of a user it places the bundled characters and the greetings.
-// Needs a QApplication, which must outlive it.
+// Owns every service of the Linux desktop. On the first start of a user it places the bundled characters and the first
+// options. Needs a QApplication, which must outlive it.
 class CLinuxDesktop {
 public:
     explicit CLinuxDesktop(const DesktopSettings& settings);

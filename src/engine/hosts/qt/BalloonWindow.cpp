@@ -112,7 +112,10 @@ QImage DrawBalloon(const BalloonPicture& picture, bool softEdges)
     return image;
 }
 
-CBalloonWindow::CBalloonWindow() : m_widget(Qt::WindowTransparentForInput) {}
+CBalloonWindow::CBalloonWindow() : m_widget(Qt::WindowTransparentForInput)
+{
+    m_widget.setWindowTitle(QStringLiteral("Parlune balloon"));
+}
 
 void CBalloonWindow::Show(const BalloonPicture& picture)
 {

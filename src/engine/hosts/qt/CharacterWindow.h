@@ -6,7 +6,10 @@ namespace engine {
 
 class CCharacterWidget final : public CPictureWidget {
 public:
-    explicit CCharacterWidget(IMouseEvents& mouse) : CPictureWidget({}), m_mouse(&mouse) {}
+    explicit CCharacterWidget(IMouseEvents& mouse) : CPictureWidget({}), m_mouse(&mouse)
+    {
+        setWindowTitle(QStringLiteral("Parlune character"));
+    }
     bool InsideEvent() const { return m_depth > 0; }
     void Forget() { m_mouse = nullptr; }  // From now on nobody wants to hear of the mouse.
 

@@ -1,0 +1,97 @@
+#include "app/linux/ProgramRun.h"
+#include "app/linux/MenuPeer.h"
+#include "app/linux/ProgramIcon.h"
+#include "common/ProgramState.h"
+#include "common/zbErrorTrap.h"
+#include "startup/Wiring.h"
+#include "ui/frmParlune.h"
+#include "ui/frmSplash.h"
+#include "ui/frmSysTray.h"
+#include <QApplication>
+#include <QTimer>
+
+namespace {
+bool AnyFormLoaded() { return MainWindow().Loaded() || SplashWindow().Loaded(); }
+}
+
+CProgramRun::CProgramRun(platform::linuxdesktop::CLinuxDesktop& desktop) : m_desktop(desktop), m_icon(ProgramIcon())
+{
+    QApplication::setWindowIcon(m_icon);
+    common::RenewProgramState();
+    startup::WireProgram();
+    const auto unloaded = [this] { QuitAfterLastWindow(); };
+    m_mainWindow = std::make_unique<CMainWindowPeer>(
+        MainWindow(), [this] { return m_desktop.TrayIcon().IsReachable(); }, unloaded);
+    m_splash = std::make_unique<CSplashPeer>(SplashWindow(), m_icon, unloaded);
+    WireTrayIcon();
+    QObject::connect(qApp, &QGuiApplication::commitDataRequest, m_mainWindow.get(), [this] { EndSession(); });
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, m_mainWindow.get(),
+                     [] { MainWindow().Unload(ui::UnloadMode::Session); });
+}
+
+CProgramRun::~CProgramRun()
+{
+    m_desktop.TrayIcon().OnDoubleClick({});
+    m_desktop.TrayIcon().OnReachableChange({});
+    m_splash.reset();
+    m_mainWindow.reset();
+    common::RenewProgramState();
+}
+
+void CProgramRun::WireTrayIcon()
+{
+    auto& trayIcon = m_desktop.TrayIcon();
+    trayIcon.SetIcon(m_icon);
+    trayIcon.OnDoubleClick([this] { ToggleMainWindow(); });
+    trayIcon.OnReachableChange([this] { m_mainWindow->Mirror(); });
+    MirrorMenu(trayIcon.Menu(), MainWindow().mnuPopup);
+}
+
+int CProgramRun::Run()
+{
+    QTimer::singleShot(0, m_mainWindow.get(), [this] { Start(); });
+    const int code = QApplication::exec();
+    m_desktop.FlushStores();
+    return code;
+}
+
+void CProgramRun::Start()
+{
+    SplashWindow().Load();
+    QuitAfterLastWindow();
+}
+
+void CProgramRun::QuitAfterLastWindow()
+{
+    if (!AnyFormLoaded())
+        QCoreApplication::quit();
+}
+
+void CProgramRun::ToggleMainWindow()
+{
+    frmParlune& window = MainWindow();
+    const bool show = !window.Visible();
+    window.SetState(show ? ui::WindowState::Normal : ui::WindowState::Minimized);
+    window.SetVisible(show);
+    if (show)
+        m_mainWindow->BringToFront();
+}
+
+void CProgramRun::BringToFront()
+{
+    if (!MainWindow().Loaded())
+        return;
+    if (MainWindow().State() == ui::WindowState::Minimized)
+        MainWindow().SetState(ui::WindowState::Normal);
+    MainWindow().SetVisible(true);
+    m_mainWindow->BringToFront();
+}
+
+void CProgramRun::EndSession()
+{
+    const zbErrorTrap::CGuard guard("Parlune", "EndSession");
+    guard([] { SplashWindow().Unload(ui::UnloadMode::Session); });
+    guard([] { MainWindow().Unload(ui::UnloadMode::Session); });
+    m_desktop.FlushStores();
+    QCoreApplication::quit();
+}

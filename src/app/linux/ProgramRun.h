@@ -1,0 +1,26 @@
+#pragma once
+#include "app/linux/FormPeers.h"
+#include "platform/linux/LinuxDesktop.h"
+#include <memory>
+
+// One run of the program: its windows on the desktop, from the start-up window to the last one.
+class CProgramRun {
+public:
+    explicit CProgramRun(platform::linuxdesktop::CLinuxDesktop& desktop);
+    ~CProgramRun();  // Forgets the program's state, for it holds on to the desktop.
+    int Run();       // The program's exit code.
+
+    void BringToFront();  // Another start of the program asked for it.
+    void EndSession();    // Closes as at the end of a session: options are saved, then the program ends.
+
+private:
+    void Start();
+    void ToggleMainWindow();
+    void QuitAfterLastWindow();
+    void WireTrayIcon();
+
+    platform::linuxdesktop::CLinuxDesktop& m_desktop;
+    QIcon m_icon;
+    std::unique_ptr<CMainWindowPeer> m_mainWindow;
+    std::unique_ptr<CSplashPeer> m_splash;
+};
