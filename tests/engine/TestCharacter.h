@@ -1,6 +1,7 @@
 #pragma once
 #include "engine/character/CharacterData.h"
 #include <memory>
+#include <string_view>
 #include <utility>
 
 // A character small enough to reckon with: frames of 4 by 4 pixels, animations of some hundred milliseconds.
@@ -52,7 +53,10 @@ inline std::vector<std::uint8_t> MakeWave(std::uint32_t milliseconds, std::int16
         for (int index = 0; index < bytes; ++index)
             file.push_back(static_cast<std::uint8_t>(number >> (8 * index)));
     };
-    const auto text = [&](const char* letters) { file.insert(file.end(), letters, letters + 4); };
+    const auto text = [&](std::string_view letters) {
+        for (const char letter : letters)
+            file.push_back(static_cast<std::uint8_t>(letter));
+    };
     text("RIFF");
     put(36 + milliseconds * 2, 4);
     text("WAVE");

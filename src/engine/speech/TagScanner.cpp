@@ -1,5 +1,6 @@
 #include "engine/speech/TagScanner.h"
 #include "engine/base/Utf8.h"
+#include <algorithm>
 
 namespace engine {
 
@@ -9,7 +10,7 @@ constexpr std::size_t BareNameLength = 3;
 constexpr std::size_t NameLimit = 16;
 constexpr std::size_t ParameterLimit = 2;
 constexpr std::size_t NumberLimit = 64;
-constexpr std::size_t StringLimit = 4096;
+constexpr std::size_t StringLimit = 2048;
 
 bool IsLetter(char character) { return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z'); }
 
@@ -31,14 +32,23 @@ public:
         while (Peek() == '=')
             if (tag.parameters.size() == ParameterLimit || !TakeParameter(tag))
                 return std::nullopt;
-        if (Peek() != '\\' || (tag.parameters.empty() && tag.name.size() != BareNameLength))
+        if (Peek() != '\\' || (tag.parameters.empty() && !CanStandBare(tag.name)))
             return std::nullopt;
         tag.length = m_at + 1 - m_start;
         return tag;
     }
 
 private:
-    char Peek(std::size_t ahead = 0) const { return m_at + ahead < m_text.size() ? m_text[m_at + ahead] : '\0'; }
+    char Peek() const { return m_at < m_text.size() ? m_text[m_at] : '\0'; }
+
+    // An unknown name without parameter may as well be a folder of a path: it must not follow a letter or a colon.
+    bool CanStandBare(const std::string& name) const
+    {
+        if (name == "EMP" || name == "LST" || name == "RST")
+            return true;
+        const char before = m_start == 0 ? ' ' : m_text[m_start - 1];
+        return name.size() == BareNameLength && (before == ' ' || before == '\\' || before == '|');
+    }
 
     bool TakeName(SpeechTag& tag)
     {
@@ -64,20 +74,32 @@ private:
         return m_at > begin && m_at - begin <= NumberLimit;
     }
 
-    // A quote inside the string ends it only where the tag can go on or end.
-    bool AtClosingQuote() const { return Peek() == '"' && (Peek(1) == '\\' || Peek(1) == '='); }
+    // Where the string that begins at the present place ends: at a quote after which the tag can go on or end. Quotes
+    // elsewhere are part of the string. A lone backslash ends the search.
+    std::optional<std::size_t> StringEnd() const
+    {
+        const std::size_t limit = std::min(m_text.size(), m_at + StringLimit);
+        for (std::size_t at = m_at; at + 1 < limit; ++at) {
+            const char next = m_text[at + 1];
+            if (m_text[at] == '"' && (next == '\\' || next == '='))
+                return at;
+            if (m_text[at] == '\\' && next != '\\')
+                return std::nullopt;
+            at += m_text[at] == '\\' ? 1u : 0u;
+        }
+        return std::nullopt;
+    }
 
     bool TakeString(SpeechTag& tag)
     {
-        std::string value;
         ++m_at;
-        while (!AtClosingQuote()) {
-            if (m_at >= m_text.size() || value.size() >= StringLimit)
-                return false;
-            if (Peek() == '\\' && Peek(1) != '\\')
-                return false;
-            m_at += Peek() == '\\' ? 1u : 0u;
-            value += m_text[m_at++];
+        const std::optional<std::size_t> end = StringEnd();
+        if (!end)
+            return false;
+        std::string value;
+        for (; m_at < *end; ++m_at) {
+            m_at += m_text[m_at] == '\\' ? 1u : 0u;
+            value += m_text[m_at];
         }
         ++m_at;
         tag.parameters.push_back(std::move(value));

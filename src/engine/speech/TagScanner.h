@@ -13,8 +13,8 @@ struct SpeechTag {
     std::size_t length = 0;               // Bytes from the opening to the closing backslash.
 };
 
-// The tag that begins with the backslash at byte `at`; nothing when what stands there is not a well-formed tag. A name
-// without parameter must have three letters, so that "C:\Users\Ann" stays a path.
+// The tag that begins with the backslash at byte `at`; nothing when what stands there is not a well-formed tag. An
+// unknown name without parameter must have three letters and stand apart, so that "C:\Users\Ann\" stays a path.
 std::optional<SpeechTag> ScanTag(std::string_view text, std::size_t at);
 
 }
