@@ -38,7 +38,7 @@ INSTANTIATE_TEST_SUITE_P(Scripts, LetterCase,
                                          Pair{"άέήίόύώϊϋ", "ΆΈΉΊΌΎΏΪΫ"},
                                          Pair{"абвгдежзийклмнопрстуфхцчшщъыьэюя", "АБВГДЕЖЗИЙКЛМНОПРСТУФХЦЧШЩЪЫЬЭЮЯ"},
                                          Pair{"ёђѓєіїўџ", "ЁЂЃЄІЇЎЏ"}, Pair{"ґқңүәө", "ҐҚҢҮӘӨ"}, Pair{"ӏӂ", "ӀӁ"},
-                                         Pair{"ạếữ", "ẠẾỮ"}));
+                                         Pair{"ạếữ", "ẠẾỮ"}, Pair{"șț", "ȘȚ"}, Pair{"ơưǎǽə", "ƠƯǍǼƏ"}, Pair{"հայ", "ՀԱՅ"}));
 
 TEST(TextCase, Upper_DigitsSignsAndLettersWithoutCase_StayAsTheyAre)
 {
