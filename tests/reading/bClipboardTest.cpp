@@ -1,0 +1,192 @@
+#include "reading/bClipboard.h"
+#include "platform/headless/Desktop.h"
+#include "support/LoadedCharacter.h"
+#include <gtest/gtest.h>
+
+namespace {
+
+using bClipboard::Monitoring;
+using bClipboard::SetClipboardMonitor;
+
+// A desktop with a visible character that reads what it is given.
+class bClipboardTest : public testing::Test {
+protected:
+    bClipboardTest()
+    {
+        support::LoadCharacter(desktop, "Robby");
+        desktop.engine.loaded->visible = true;
+    }
+    std::size_t TextsRead() const { return desktop.journal.Count("Clipboard.Text"); }
+    std::size_t Watches() const { return desktop.journal.Count("Clipboard.Watch"); }
+    std::size_t Stops() const { return desktop.journal.Count("Clipboard.StopWatching"); }
+
+    CHeadlessDesktop desktop;
+};
+
+}
+
+TEST_F(bClipboardTest, Monitoring_AtTheStart_IsOff) { EXPECT_FALSE(Monitoring()); }
+
+TEST_F(bClipboardTest, SetClipboardMonitor_True_WatchesTheClipboard)
+{
+    SetClipboardMonitor(true);
+    EXPECT_TRUE(Monitoring());
+    EXPECT_TRUE(desktop.clipboard.Watched());
+}
+
+TEST_F(bClipboardTest, SetClipboardMonitor_True_DoesNotReadWhatIsThereAlready)
+{
+    desktop.clipboard.Put("old");
+    SetClipboardMonitor(true);
+    EXPECT_EQ(TextsRead(), 0U);
+    EXPECT_EQ(desktop.journal.Count("Character.Speak"), 0U);
+}
+
+TEST_F(bClipboardTest, ClipboardChanged_ATextCopied_IsRead)
+{
+    SetClipboardMonitor(true);
+    desktop.clipboard.Put("new text");
+    ASSERT_EQ(desktop.journal.Count("Character.Speak"), 1U);
+    EXPECT_NE(desktop.journal.CallsOf("Character.Speak").at(0).find("new text"), std::string::npos);
+}
+
+TEST_F(bClipboardTest, ClipboardChanged_EachCopy_IsReadOnce)
+{
+    SetClipboardMonitor(true);
+    desktop.clipboard.Put("one");
+    desktop.clipboard.Put("two");
+    EXPECT_EQ(desktop.journal.Count("Character.Speak"), 2U);
+}
+
+TEST_F(bClipboardTest, ClipboardChanged_APictureCopied_IsNotRead)
+{
+    SetClipboardMonitor(true);
+    desktop.clipboard.Put(std::nullopt);
+    EXPECT_EQ(desktop.journal.Count("Clipboard.HasText"), 1U);
+    EXPECT_EQ(TextsRead(), 0U);
+    EXPECT_EQ(desktop.journal.Count("Character.Speak"), 0U);
+}
+
+TEST_F(bClipboardTest, SetClipboardMonitor_TwiceTrue_WatchesOnce)
+{
+    SetClipboardMonitor(true);
+    SetClipboardMonitor(true);
+    EXPECT_EQ(Watches(), 1U);
+}
+
+TEST_F(bClipboardTest, SetClipboardMonitor_FalseWhileOff_ChangesNothing)
+{
+    SetClipboardMonitor(false);
+    EXPECT_EQ(Stops(), 0U);
+    EXPECT_FALSE(Monitoring());
+}
+
+TEST_F(bClipboardTest, SetClipboardMonitor_False_StopsWatching)
+{
+    SetClipboardMonitor(true);
+    SetClipboardMonitor(false);
+    desktop.clipboard.Put("new");
+    EXPECT_FALSE(Monitoring());
+    EXPECT_FALSE(desktop.clipboard.Watched());
+    EXPECT_EQ(desktop.journal.Count("Character.Speak"), 0U);
+}
+
+TEST_F(bClipboardTest, SetClipboardMonitor_TwiceFalse_StopsOnce)
+{
+    SetClipboardMonitor(true);
+    SetClipboardMonitor(false);
+    SetClipboardMonitor(false);
+    EXPECT_EQ(Stops(), 1U);
+}
+
+TEST_F(bClipboardTest, SetClipboardMonitor_OnAgain_WatchesAgain)
+{
+    SetClipboardMonitor(true);
+    SetClipboardMonitor(false);
+    SetClipboardMonitor(true);
+    desktop.clipboard.Put("new");
+    EXPECT_EQ(Watches(), 2U);
+    EXPECT_EQ(desktop.journal.Count("Character.Speak"), 1U);
+}
+
+TEST_F(bClipboardTest, SetClipboardMonitor_WhenWatchingFails_IsNotReportedAndCountsAsOn)
+{
+    desktop.journal.FailNext("Clipboard.Watch", platform::failure::DeviceError());
+    SetClipboardMonitor(true);
+    EXPECT_TRUE(Monitoring());
+    EXPECT_TRUE(desktop.messageBoxes.shown.empty());
+}
+
+TEST_F(bClipboardTest, SetClipboardMonitor_WhenStoppingFails_CountsAsOffAndReadsNothingMore)
+{
+    SetClipboardMonitor(true);
+    desktop.journal.FailNext("Clipboard.StopWatching", platform::failure::DeviceError());
+
+    SetClipboardMonitor(false);
+    desktop.clipboard.Put("new");
+
+    EXPECT_FALSE(Monitoring());
+    EXPECT_TRUE(desktop.messageBoxes.shown.empty());
+    EXPECT_EQ(desktop.journal.Count("Character.Speak"), 0U);
+}
+
+TEST_F(bClipboardTest, ClipboardChanged_WhileAnEarlierTextIsRead_IsReadInItsMiddle)
+{
+    SetClipboardMonitor(true);
+    std::string longText;
+    for (int line = 0; line < 20; ++line)
+        longText += "A line that is long enough to be read on its own.\r\n\r\n";
+    desktop.events.AtYield(2, [&] { desktop.clipboard.Put("second"); });
+
+    desktop.clipboard.Put(longText);
+
+    std::size_t place = 0;
+    const std::vector<std::string> spoken = desktop.journal.CallsOf("Character.Speak");
+    while (place < spoken.size() && spoken[place].find("second") == std::string::npos)
+        ++place;
+    EXPECT_GT(place, 0U);
+    EXPECT_LT(place, spoken.size() - 1);
+}
+
+namespace {
+
+// A clipboard that calls the program back while it is asked to watch or to stop.
+class CCallingClipboard final : public platform::IClipboard {
+public:
+    bool HasText() const override { return false; }
+    std::string Text() const override { return ""; }
+    void Watch(std::function<void()>) override
+    {
+        ++watches;
+        SetClipboardMonitor(false);
+    }
+    void StopWatching() override
+    {
+        ++stops;
+        SetClipboardMonitor(true);
+    }
+    int watches = 0;
+    int stops = 0;
+};
+
+}
+
+TEST_F(bClipboardTest, SetClipboardMonitor_FromInsideItself_ChangesNothing)
+{
+    CCallingClipboard clipboard;
+    const platform::CPlatform& now = platform::Current();
+    const platform::CPlatform platform{
+        now.characterEngines, clipboard,   now.clock,         now.environment, now.events,
+        now.fileDialogs,      now.files,   now.fonts,         now.locale,      now.messageBoxes,
+        now.office,           now.profile, now.program,       now.random,      now.registry,
+        now.screen,           now.shell,   now.speechEngines, now.trayIcon};
+    const platform::CPlatformInUse inUse(platform);
+
+    SetClipboardMonitor(true);
+    EXPECT_TRUE(Monitoring());
+    SetClipboardMonitor(false);
+    EXPECT_FALSE(Monitoring());
+
+    EXPECT_EQ(clipboard.watches, 1);
+    EXPECT_EQ(clipboard.stops, 1);
+}
