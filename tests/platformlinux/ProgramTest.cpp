@@ -20,9 +20,10 @@ struct Program : testing::Test {
         environment.Set("XDG_RUNTIME_DIR", home.Path("runtime"));
         environment.Set("QT_QPA_PLATFORM", "offscreen");
     }
-    // Starts it and waits until it has read its options, which it does before anything is shown.
+    // Starts it and waits until it has made sure that it is the only one.
     void Start(QProcess& program) const
     {
+        home.Write("config/parlune/instance.lock", "");  // What an earlier one wrote is no sign of this one.
         program.start(PARLUNE_PROGRAM, {"--sound=clock", "/nodetect"});
         program.waitForStarted();
         EXPECT_TRUE(Within([&] { return home.Read("config/parlune/instance.lock").ends_with(".socket"); }));
