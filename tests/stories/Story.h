@@ -56,7 +56,13 @@ protected:
         desktop.clock.Advance(milliseconds);
         host.Advance(milliseconds);
     }
-    void DoubleClickCharacter() { host.Window().DoubleClick(1, 0, Centre()); }
+    void DoubleClickCharacter()
+    {
+        host.Window().DoubleClick(1, 0, Centre());
+        Pass(1);  // The event comes from the event loop.
+    }
+    // What the balloon shows; "" when there is none.
+    std::string BalloonText() { return host.balloons.empty() || !host.Balloon().shown ? "" : host.Balloon().Text(); }
     engine::Point Centre()
     {
         const engine::Rect place = host.Window().place;
