@@ -7,6 +7,7 @@ companion_on_desktop() {
     put_option ReadGreeting 0
     parlune_start "$@"
     expect_within 20 "the character is on the desktop" character_visible
+    sleep 2 # Its way to its place takes a second.
 }
 
 # copy_text TEXT: as another program does it.
