@@ -80,26 +80,35 @@ void CAnimationPlayer::Forget()
 
 void CAnimationPlayer::Run()
 {
-    for (int steps = 0; steps < constants::StepsWithoutPause; ++steps) {
-        const Step step = ShowCurrent();
-        if (step == Step::Waits)
-            return;
-        if (step == Step::Ends || !(m_exiting ? AdvanceExit() : Advance())) {
-            End();
-            return;
-        }
+    const Step step = Walk();
+    Flush();
+    if (step == Step::Ends) {
+        End();
+    } else if (step == Step::Goes) {
+        m_due = m_timers.NowMilliseconds();
+        m_timer.Start(constants::EndlessStepPause, [this] { Run(); });
     }
-    m_due = m_timers.NowMilliseconds();
-    m_timer.Start(constants::EndlessStepPause, [this] { Run(); });
 }
 
-CAnimationPlayer::Step CAnimationPlayer::ShowCurrent()
+CAnimationPlayer::Step CAnimationPlayer::Walk()
+{
+    for (int steps = 0; steps < constants::StepsWithoutPause; ++steps) {
+        const Step step = Enter();
+        if (step != Step::Goes)
+            return step;
+        if (!(m_exiting ? AdvanceExit() : Advance()))
+            return Step::Ends;
+    }
+    return Step::Goes;
+}
+
+CAnimationPlayer::Step CAnimationPlayer::Enter()
 {
     const Frame& frame = Now();
     if (Shows(frame))
-        m_target.ShowFrame(frame);
+        m_entered = &frame;
     if (frame.sound)
-        m_target.PlaySound(*frame.sound);
+        m_enteredSound = frame.sound;
     const bool last = m_frame + 1 == m_animation->frames.size() && frame.branches.empty();
     if (last && !m_exiting && !m_holdLastFrame)
         return Step::Ends;
@@ -107,6 +116,14 @@ CAnimationPlayer::Step CAnimationPlayer::ShowCurrent()
         return Step::Goes;
     WaitFor(frame.duration * HundredthMilliseconds);
     return Step::Waits;
+}
+
+void CAnimationPlayer::Flush()
+{
+    if (const Frame* frame = std::exchange(m_entered, nullptr))
+        m_target.ShowFrame(*frame);
+    if (const auto sound = std::exchange(m_enteredSound, std::nullopt))
+        m_target.PlaySound(*sound);
 }
 
 void CAnimationPlayer::WaitFor(std::int32_t milliseconds)

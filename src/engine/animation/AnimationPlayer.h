@@ -40,7 +40,9 @@ public:
 private:
     enum class Step { Waits, Goes, Ends };
     void Run();
-    Step ShowCurrent();
+    Step Walk();  // Enters frames until one takes time. Goes: the bound was met.
+    Step Enter();
+    void Flush();    // Shows and sounds what was entered last: frames without duration take no drawing.
     bool Advance();  // False at the end.
     bool AdvanceExit();
     bool GoTo(std::size_t frame);
@@ -59,6 +61,8 @@ private:
     bool m_holdLastFrame = true;
     std::vector<bool> m_left;  // While exiting: frames that were left already; coming back to one ends it.
     std::int64_t m_due = 0;    // When the present frame ends.
+    const Frame* m_entered = nullptr;
+    std::optional<std::uint16_t> m_enteredSound;
     Ended m_ended;
 };
 

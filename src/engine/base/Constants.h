@@ -34,6 +34,7 @@ inline constexpr std::int32_t DragThreshold = 4;
 // Animation: frames without duration that are passed before the player pauses for one hundredth of a second.
 inline constexpr int StepsWithoutPause = 100;
 inline constexpr std::int32_t EndlessStepPause = 10;
+inline constexpr std::int32_t EffectRepeatLimit = 100;  // A sound effect is not begun again within this time.
 
 inline constexpr std::size_t SoundFileLimit = 64u << 20;  // Bytes.
 

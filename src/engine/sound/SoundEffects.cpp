@@ -7,6 +7,11 @@ namespace engine {
 
 void CSoundEffects::Play(const std::vector<std::uint8_t>& waveFile)
 {
+    const std::int64_t now = m_host.Timers().NowMilliseconds();
+    if (&waveFile == m_last && Sounding() && now - m_begun < constants::EffectRepeatLimit)
+        return;
+    m_last = &waveFile;
+    m_begun = now;
     const std::optional<WaveSound> sound = DecodeWave(waveFile);
     if (!sound || sound->samples.empty())
         return;
@@ -17,7 +22,7 @@ void CSoundEffects::Play(const std::vector<std::uint8_t>& waveFile)
     m_output->End();
     m_samples = static_cast<std::int64_t>(sound->samples.size());
     m_rate = sound->sampleRate;
-    m_deadline = m_host.Timers().NowMilliseconds() + sound->Milliseconds() + constants::SoundStallLimit;
+    m_deadline = now + sound->Milliseconds() + constants::SoundStallLimit;
     m_timer.Start(sound->Milliseconds(), [this] { Poll(); });
 }
 

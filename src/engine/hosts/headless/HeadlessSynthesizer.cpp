@@ -1,6 +1,7 @@
 #include "engine/hosts/headless/HeadlessSynthesizer.h"
 #include "engine/base/Utf8.h"
 #include <algorithm>
+#include <utility>
 
 namespace engine {
 
@@ -109,6 +110,8 @@ void CHeadlessSynthesizer::Cancel(UtteranceID utterance)
     (m_orders.begin() + static_cast<std::ptrdiff_t>(utterance) - 1)->cancelled = true;
     m_jobs.erase(std::remove_if(m_jobs.begin(), m_jobs.end(), [&](const Job& job) { return job.id == utterance; }),
                  m_jobs.end());
+    if (m_jobs.empty())
+        m_timers.Cancel(std::exchange(m_timer, 0));
 }
 
 void CHeadlessSynthesizer::Deliver()
