@@ -1,6 +1,7 @@
 #include "startup/Wiring.h"
 #include "startup/MainWindowLife.h"
 #include "startup/Splash.h"
+#include "startup/WiringParts.h"
 #include "ui/frmParlune.h"
 #include "ui/frmSplash.h"
 
@@ -23,9 +24,6 @@ void WireMainWindow()
     window.onResize = mainWindow::Form_Resize;
     window.onQueryUnload = mainWindow::Form_QueryUnload;
     window.onUnload = mainWindow::Form_Unload;
-    window.mnuFileExit.onClick = mainWindow::Exit;
-    window.mnuPopExit.onClick = mainWindow::Exit;
-    window.mnuPopParluneOptions.onClick = mainWindow::ShowOptions;
 }
 
 }
@@ -34,6 +32,9 @@ void WireProgram()
 {
     WireSplash();
     WireMainWindow();
+    WireTabs(MainWindow());
+    WireMenus(MainWindow());
+    WireEditor(MainWindow());
 }
 
 }
