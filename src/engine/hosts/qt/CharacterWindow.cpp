@@ -1,6 +1,8 @@
 #include "engine/hosts/qt/CharacterWindow.h"
 #include "engine/hosts/qt/PictureScaler.h"
+#include <QGuiApplication>
 #include <QMouseEvent>
+#include <QWindow>
 
 namespace engine {
 namespace {
@@ -17,6 +19,23 @@ int ShiftBits(Qt::KeyboardModifiers keys)
            (keys.testFlag(Qt::AltModifier) ? 4 : 0);
 }
 
+}
+
+CCharacterWidget::CCharacterWidget(IMouseEvents& mouse) : CPictureWidget({}), m_mouse(&mouse)
+{
+    setWindowTitle(QStringLiteral("Parlune character"));
+    windowHandle()->installEventFilter(this);
+}
+
+// A box that waits for an answer takes the mouse from the program's own windows, but not from the character, which is none
+// of them: a window that belongs to the box keeps it. Qt asks when the mouse comes.
+bool CCharacterWidget::eventFilter(QObject*, QEvent* event)
+{
+    QWindow* box = QGuiApplication::modalWindow();
+    const bool pressed = event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+    if (pressed && box && windowHandle()->transientParent() != box)
+        windowHandle()->setTransientParent(box);
+    return false;
 }
 
 void CCharacterWidget::mousePressEvent(QMouseEvent* event)

@@ -6,14 +6,12 @@ namespace engine {
 
 class CCharacterWidget final : public CPictureWidget {
 public:
-    explicit CCharacterWidget(IMouseEvents& mouse) : CPictureWidget({}), m_mouse(&mouse)
-    {
-        setWindowTitle(QStringLiteral("Parlune character"));
-    }
+    explicit CCharacterWidget(IMouseEvents& mouse);
     bool InsideEvent() const { return m_depth > 0; }
     void Forget() { m_mouse = nullptr; }  // From now on nobody wants to hear of the mouse.
 
 protected:
+    bool eventFilter(QObject* window, QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -60,6 +60,8 @@ void CPictureWidget::PutPicture(const Rect& place, const QImage& image)
 
 void CPictureWidget::ShowOnTop()
 {
+    if (const QWindow* owner = windowHandle()->transientParent(); owner && !owner->isVisible())
+        windowHandle()->setTransientParent(nullptr);
     show();
     raise();
 }
