@@ -42,7 +42,8 @@ std::string StartDisplay(std::unique_ptr<CProgram>& server)
     if (pipe(ends.data()) != 0)
         return "";
     server = std::make_unique<CProgram>(
-        std::vector<std::string>{"Xvfb", "-displayfd", "3", "-screen", "0", "1024x768x24", "-nolisten", "tcp"}, "", ends[1]);
+        std::vector<std::string>{"Xvfb", "-displayfd", "3", "-screen", "0", "1024x768x24", "-nolisten", "tcp", "-noreset"},
+        "", ends[1]);
     close(ends[1]);
     std::string number;
     for (char digit = 0; read(ends[0], &digit, 1) == 1 && digit != '\n';)
@@ -91,6 +92,13 @@ void CProgram::End()
         waitpid(m_id, nullptr, 0);
     }
     m_id = -1;
+}
+
+bool CProgram::Ended()
+{
+    if (m_id > 0 && waitpid(m_id, nullptr, WNOHANG) == m_id)
+        m_id = -1;
+    return m_id <= 0;
 }
 
 void CProgram::Signal(int number) const
@@ -154,6 +162,8 @@ void NeedApplication()
     setenv("DISPLAY", (":" + display).c_str(), 1);
     setenv("QT_QPA_PLATFORM", "xcb", 1);
     desktop.manager = std::make_unique<CProgram>(std::vector<std::string>{"openbox"});
+    const auto managed = [] { return !OutputOf("xdotool get_num_desktops 2>/dev/null").empty(); };
+    ASSERT_TRUE(RunLoopUntil(managed)) << "openbox cannot be started";
     static int count = 1;
     static std::array<char*, 2> arguments{const_cast<char*>("test_enginehost"), nullptr};
     desktop.application = std::make_unique<QApplication>(count, arguments.data());

@@ -21,7 +21,7 @@ public:
     CProgram& operator=(const CProgram&) = delete;
     void End();
     void Signal(int number) const;
-    pid_t Id() const { return m_id; }
+    bool Ended();  // By itself.
 
 private:
     pid_t m_id = -1;

@@ -7,7 +7,7 @@ namespace engine {
 namespace {
 
 constexpr std::int64_t BytesPerSample = 2;
-constexpr std::int64_t BufferMilliseconds = 50;
+constexpr std::int64_t BufferMilliseconds = 80;
 constexpr std::int64_t TimingIntervalMicroseconds = 50000;
 constexpr auto NotSet = static_cast<std::uint32_t>(-1);
 
@@ -116,6 +116,8 @@ void CPulseStream::Feed()
     const std::size_t waiting = m_queue.size() - m_taken;
     if (room != static_cast<std::size_t>(-1) && waiting > 0)
         SendQueued(std::min(room / BytesPerSample, waiting));
+    if (m_playing)
+        AskForTiming();
     DrainWhenSent();
 }
 
