@@ -31,14 +31,42 @@ test_SoundServerGone_WhileSpeaking_TheTextGoesOn() {
 
 test_DoubleClick_WithoutVoices_ShowsTheText() {
     desktop_start
-    mkdir -p "$desktop/empty/espeak-ng-data"
-    export ESPEAK_DATA_PATH=$desktop/empty
+    hide_voices
+    put_option DSSInstalled 1 # They were there at an earlier start.
     companion_on_desktop
     copy_text "$short_text"
     double_click_character
     expect_within 3 "a balloon comes" balloon_visible
     expect_within 20 "the balloon goes" is_silent
     expect "it ends well" parlune_end
+}
+
+test_Start_WithoutVoices_Cancel_StartsAnyway() {
+    desktop_start nosound
+    hide_voices
+    put_option FirstTime 0
+    parlune_start
+    expect_within 10 "it asks what to do" question_visible || return
+    expect_not "the character waits for the answer" character_visible
+    answer Escape
+    expect_within 20 "the character is on the desktop" character_visible
+    expect "it ends well" parlune_end
+}
+
+test_Start_WithoutVoices_Ok_Ends() {
+    desktop_start nosound
+    hide_voices
+    parlune_start
+    expect_within 10 "it asks what to do" question_visible || return
+    answer Return
+    expect_within 10 "it has ended" has_ended "$parlune_pid"
+    expect_not "no character came" character_visible
+}
+
+# As on a machine without the speech library's data.
+hide_voices() {
+    mkdir -p "$desktop/empty/espeak-ng-data"
+    export ESPEAK_DATA_PATH=$desktop/empty
 }
 
 seconds_since() { awk -v now="$EPOCHREALTIME" -v then="$1" 'BEGIN { print now - then }'; }

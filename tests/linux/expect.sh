@@ -1,7 +1,12 @@
 # The words of the tests here. A failed expectation is written down; the test goes on unless it returns.
 # shellcheck shell=bash
 
-explain() { echo "$*" >>"$why"; echo "EXPECTED: $*"; }
+explain() {
+    echo "$*" >>"$why"
+    echo "EXPECTED: $*"
+    # The first failure is the telling one; later the program may have gone.
+    [ -z "${DISPLAY:-}" ] || [ -e "$desktop/failed.png" ] || screenshot "$desktop/failed.png" 2>/dev/null
+}
 
 # expect "WHAT" COMMAND...: the command succeeds now.
 expect() {

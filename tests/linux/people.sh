@@ -7,7 +7,26 @@ companion_on_desktop() {
     put_option ReadGreeting 0
     parlune_start "$@"
     expect_within 20 "the character is on the desktop" character_visible
-    sleep 2 # Its way to its place takes a second.
+    expect_within 10 "the character stands still" stands_still character_window
+}
+
+# True when the window is there and keeps its place for half a second: the character moves to its place on its first way.
+stands_still() {
+    local place i
+    place=$(place_of "$("$1")") || return
+    for i in 1 2 3 4 5; do
+        sleep 0.1
+        [ "$place" = "$(place_of "$("$1")")" ] || return
+    done
+}
+
+# A question of the program; its windows bear the program's name.
+question_visible() { options_visible; }
+
+# answer KEY: presses a key in the question that is on the screen.
+answer() {
+    xdotool windowactivate --sync "$(options_window)"
+    xdotool key "$1"
 }
 
 # copy_text TEXT: as another program does it.
