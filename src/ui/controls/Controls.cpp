@@ -1,8 +1,78 @@
 #include "ui/controls/Controls.h"
+#include "common/Text.h"
 #include "platform/Failure.h"
 #include <algorithm>
 
 namespace ui {
+
+const std::string& CTextBox::Text() const
+{
+    if (!m_fetched) {
+        m_text = m_keeper.text();
+        m_fetched = true;
+    }
+    return m_text;
+}
+
+void CTextBox::SetText(std::string text)
+{
+    m_selection = {};
+    if (Text() == text) {
+        if (m_keeper.select)
+            m_keeper.select({});
+        return;
+    }
+    if (m_keeper.put) {
+        Forget();
+        m_keeper.put(std::move(text));
+    } else {
+        m_text = std::move(text);
+    }
+    Changed();
+    Raise(onChange);
+}
+
+std::string CTextBox::SelectedText() const
+{
+    if (m_keeper.selectedText)
+        return m_keeper.selectedText();
+    return std::string(
+        text::Mid(Text(), static_cast<std::size_t>(m_selection.start) + 1, static_cast<std::size_t>(m_selection.length)));
+}
+
+void CTextBox::Select(std::int32_t start, std::int32_t length)
+{
+    m_selection = {start, length};
+    if (m_keeper.select)
+        m_keeper.select(m_selection);
+    Changed();
+}
+
+void CTextBox::SetKeeper(Keeper keeper)
+{
+    const TextSelection selection = Selection();
+    std::string text = Text();
+    m_keeper = std::move(keeper);
+    m_selection = selection;
+    if (!m_keeper.put)
+        return;
+    Forget();
+    m_keeper.put(std::move(text));
+    m_keeper.select(selection);
+}
+
+void CTextBox::Edited()
+{
+    Forget();
+    Raise(onChange);
+}
+
+// Gives the memory back, too.
+void CTextBox::Forget()
+{
+    std::string().swap(m_text);
+    m_fetched = false;
+}
 
 void CListControl::SetIndex(std::int32_t index)
 {

@@ -72,38 +72,53 @@ private:
     int m_value;
 };
 
+struct TextSelection {
+    std::int32_t start = 0;  // Caret or start of the selection, in characters.
+    std::int32_t length = 0;
+};
+
+// A text with a caret. A native editor for large texts may keep the text itself (SetKeeper): then this object asks it for
+// the text only when somebody wants it, and a stroke of the user copies nothing.
 class CTextBox final : public CControl {
 public:
+    // What keeps the text in this object's place.
+    struct Keeper {
+        std::function<void(std::string text)> put;  // The program's text; the caret goes to the start. Raises nothing.
+        std::function<std::string()> text;
+        std::function<bool()> isEmpty;
+        std::function<void(TextSelection selection)> select;
+        std::function<TextSelection()> selection;
+        std::function<std::string()> selectedText;
+    };
+
     CTextBox(CForm& form, std::string name, std::string text = "") : CControl(form, std::move(name)), m_text(std::move(text))
     {
     }
-    const std::string& Text() const { return m_text; }
-    void SetText(std::string text)  // Runs the change procedure when the text changes; the caret goes to the start.
-    {
-        m_selectionStart = m_selectionLength = 0;
-        if (m_text == text)
-            return;
-        m_text = std::move(text);
-        Changed();
-        Raise(onChange);
-    }
+    // Valid until the text changes.
+    const std::string& Text() const;
+    bool IsEmpty() const { return m_fetched ? m_text.empty() : m_keeper.isEmpty(); }
+    void SetText(std::string text);  // Runs the change procedure when the text changes; the caret goes to the start.
     // Caret or start of the selection, and its length, in characters.
-    std::int32_t SelectionStart() const { return m_selectionStart; }
-    std::int32_t SelectionLength() const { return m_selectionLength; }
-    void Select(std::int32_t start, std::int32_t length)
-    {
-        m_selectionStart = start;
-        m_selectionLength = length;
-        Changed();
-    }
+    std::int32_t SelectionStart() const { return Selection().start; }
+    std::int32_t SelectionLength() const { return Selection().length; }
+    std::string SelectedText() const;
+    void Select(std::int32_t start, std::int32_t length);
     std::function<void()> onChange;
     std::function<void()> onCommit;  // The user leaves the box or presses Return.
     void Commit() { Raise(onCommit); }
 
+    // Hands the present text over; from now on the keeper has it. A keeper without procedures gives it back.
+    void SetKeeper(Keeper keeper);
+    // The keeper tells that the user edited the text: runs the change procedure.
+    void Edited();
+
 private:
-    std::string m_text;
-    std::int32_t m_selectionStart = 0;
-    std::int32_t m_selectionLength = 0;
+    TextSelection Selection() const { return m_keeper.selection ? m_keeper.selection() : m_selection; }
+    void Forget();
+    Keeper m_keeper;
+    mutable std::string m_text;
+    mutable bool m_fetched = true;  // m_text is the text; else the keeper has it.
+    TextSelection m_selection;
 };
 
 // Entries with a number each, one of which may be selected. Index -1 is no selection.

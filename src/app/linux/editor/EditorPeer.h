@@ -1,0 +1,24 @@
+#pragma once
+#include "ui/controls/Controls.h"
+#include <QWidget>
+#include <functional>
+#include <string>
+
+class QPlainTextEdit;
+
+// The native editor of a text box: keeps the text in the box's place and reports what the user does.
+class CEditorPeer final : public QWidget {
+public:
+    // The box is borrowed and must outlive this widget.
+    explicit CEditorPeer(ui::CTextBox& box, QWidget* parent = nullptr);
+    ~CEditorPeer() override;
+
+    // Called with the path of a text file that the user drops here.
+    std::function<void(const std::string& path)> onFileDropped;
+
+private:
+    void Mirror();
+    ui::CTextBox& m_box;
+    QPlainTextEdit* m_edit;
+    bool m_putting = false;
+};
