@@ -1,6 +1,8 @@
 #include "reading/bClipboard.h"
 #include "platform/headless/Desktop.h"
+#include "reading/bRead.h"
 #include "support/LoadedCharacter.h"
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -19,6 +21,15 @@ protected:
     std::size_t TextsRead() const { return desktop.journal.Count("Clipboard.Text"); }
     std::size_t Watches() const { return desktop.journal.Count("Clipboard.Watch"); }
     std::size_t Stops() const { return desktop.journal.Count("Clipboard.StopWatching"); }
+
+    // Of 20 paragraphs, between which other things happen.
+    static std::string LongText()
+    {
+        std::string longText;
+        for (int line = 0; line < 20; ++line)
+            longText += "A line that is long enough to be read on its own.\r\n\r\n";
+        return longText;
+    }
 
     CHeadlessDesktop desktop;
 };
@@ -133,12 +144,9 @@ TEST_F(bClipboardTest, SetClipboardMonitor_WhenStoppingFails_CountsAsOffAndReads
 TEST_F(bClipboardTest, ClipboardChanged_WhileAnEarlierTextIsRead_IsReadInItsMiddle)
 {
     SetClipboardMonitor(true);
-    std::string longText;
-    for (int line = 0; line < 20; ++line)
-        longText += "A line that is long enough to be read on its own.\r\n\r\n";
     desktop.events.AtYield(2, [&] { desktop.clipboard.Put("second"); });
 
-    desktop.clipboard.Put(longText);
+    desktop.clipboard.Put(LongText());
 
     std::size_t place = 0;
     const std::vector<std::string> spoken = desktop.journal.CallsOf("Character.Speak");
@@ -148,6 +156,61 @@ TEST_F(bClipboardTest, ClipboardChanged_WhileAnEarlierTextIsRead_IsReadInItsMidd
     EXPECT_LT(place, spoken.size() - 1);
 }
 
+TEST_F(bClipboardTest, ClipboardChanged_ASecretCopied_IsNotRead)
+{
+    SetClipboardMonitor(true);
+    desktop.clipboard.PutSecret("my password");
+    EXPECT_EQ(TextsRead(), 0U);
+    EXPECT_EQ(desktop.journal.Count("Character.Speak"), 0U);
+}
+
+TEST_F(bClipboardTest, ClipboardChanged_ATextAfterASecret_IsRead)
+{
+    SetClipboardMonitor(true);
+    desktop.clipboard.PutSecret("my password");
+    desktop.clipboard.Put("new text");
+    EXPECT_EQ(desktop.engine.Spoken(), std::vector<std::string>{"new text"});
+}
+
+TEST_F(bClipboardTest, ReadClipboard_OfASecret_ReadsItOnCommand)
+{
+    desktop.clipboard.PutSecret("my password");
+    bRead::ReadClipboard();
+    EXPECT_EQ(desktop.engine.Spoken(), std::vector<std::string>{"my password"});
+}
+
+TEST_F(bClipboardTest, ClipboardChanged_WhenTheClipboardCannotSayWhetherItIsSecret_IsNotReadAndNotReported)
+{
+    SetClipboardMonitor(true);
+    desktop.journal.FailNext("Clipboard.IsSecret", platform::failure::DeviceError());
+    desktop.clipboard.Put("new text");
+    EXPECT_TRUE(desktop.engine.Spoken().empty());
+    EXPECT_TRUE(desktop.messageBoxes.shown.empty());
+}
+
+TEST_F(bClipboardTest, ClipboardChanged_AFloodOfLongTexts_NestsFewReadsAndEndsWithTheLast)
+{
+    SetClipboardMonitor(true);
+    int copies = 0;
+    int running = 0;
+    int deepest = 0;
+    desktop.events.onYield = [&] {
+        if (copies == 1000)
+            return;
+        deepest = std::max(deepest, ++running);
+        desktop.clipboard.Put(LongText() + "copy " + std::to_string(++copies));
+        --running;
+    };
+
+    desktop.clipboard.Put(LongText() + "the first copy");
+
+    EXPECT_EQ(copies, 1000);
+    EXPECT_EQ(deepest, 8);
+    const std::vector<std::string> spoken = desktop.engine.Spoken();
+    EXPECT_EQ(spoken.back(), "the first copy");
+    EXPECT_EQ(std::count(spoken.begin(), spoken.end(), "copy 1000"), 1);
+}
+
 namespace {
 
 // A clipboard that calls the program back while it is asked to watch or to stop.
@@ -155,6 +218,8 @@ class CCallingClipboard final : public platform::IClipboard {
 public:
     bool HasText() const override { return false; }
     std::string Text() const override { return ""; }
+    bool IsSecret() const override { return false; }
+    bool CanWatch() const override { return true; }
     void Watch(std::function<void()>) override
     {
         ++watches;

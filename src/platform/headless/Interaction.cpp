@@ -14,6 +14,18 @@ std::string CClipboard::Text() const
     return m_text.value_or("");
 }
 
+bool CClipboard::IsSecret() const
+{
+    m_journal.Enter("Clipboard.IsSecret");
+    return m_secret;
+}
+
+bool CClipboard::CanWatch() const
+{
+    m_journal.Enter("Clipboard.CanWatch");
+    return canWatch;
+}
+
 void CClipboard::Watch(std::function<void()> changed)
 {
     m_journal.Enter("Clipboard.Watch");
@@ -29,8 +41,23 @@ void CClipboard::StopWatching()
 void CClipboard::Put(std::optional<std::string> text)
 {
     m_text = std::move(text);
-    if (m_changed)
-        m_changed();
+    m_secret = false;
+    Tell();
+}
+
+void CClipboard::PutSecret(std::string text)
+{
+    m_text = std::move(text);
+    m_secret = true;
+    Tell();
+}
+
+// A copy is called: the procedure may stop the watching.
+void CClipboard::Tell() const
+{
+    const std::function<void()> call = m_changed;
+    if (call && canWatch)
+        call();
 }
 
 std::string ShownBox::Line(std::size_t number) const

@@ -20,16 +20,22 @@ public:
     explicit CClipboard(CJournal& journal) : m_journal(journal) {}
     bool HasText() const override;
     std::string Text() const override;
+    bool IsSecret() const override;
+    bool CanWatch() const override;
     void Watch(std::function<void()> changed) override;
     void StopWatching() override;
 
     // A copy made by somebody; tells the watcher. No value stands for a picture.
     void Put(std::optional<std::string> text);
+    void PutSecret(std::string text);  // The same, marked as a secret.
+    bool canWatch = true;              // False: nobody is told about copies.
     bool Watched() const { return static_cast<bool>(m_changed); }
 
 private:
     CJournal& m_journal;
+    void Tell() const;
     std::optional<std::string> m_text;
+    bool m_secret = false;
     std::function<void()> m_changed;
 };
 

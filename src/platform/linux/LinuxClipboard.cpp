@@ -25,6 +25,16 @@ std::string CLinuxClipboard::Text() const
     return text::WithCrLf(std::move(text));
 }
 
+bool CLinuxClipboard::IsSecret() const
+{
+    const QString hint = QStringLiteral("x-kde-passwordManagerHint");
+    const QMimeData* content = QGuiApplication::clipboard()->mimeData(QClipboard::Clipboard);
+    return content && content->hasFormat(hint) && content->data(hint) == "secret";
+}
+
+// Elsewhere the toolkit hears of changes only while a window of the program has the focus, or never.
+bool CLinuxClipboard::CanWatch() const { return QGuiApplication::platformName() == QLatin1String("xcb"); }
+
 void CLinuxClipboard::Watch(std::function<void()> changed)
 {
     m_watcher = std::make_unique<QObject>();

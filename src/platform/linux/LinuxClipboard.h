@@ -10,6 +10,8 @@ class CLinuxClipboard final : public IClipboard {
 public:
     bool HasText() const override;
     std::string Text() const override;
+    bool IsSecret() const override;
+    bool CanWatch() const override;
     void Watch(std::function<void()> changed) override;
     void StopWatching() override { m_watcher.reset(); }
 

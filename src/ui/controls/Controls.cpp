@@ -99,6 +99,8 @@ std::int32_t CListControl::Find(std::string_view text) const
     return found == m_items.end() ? -1 : static_cast<std::int32_t>(found - m_items.begin());
 }
 
+void CTextBox::SelectAll() { Select(0, static_cast<std::int32_t>(text::Length(Text()))); }
+
 void CComboBox::SetText(std::string text)
 {
     m_index = Find(text);

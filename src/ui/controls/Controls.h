@@ -106,6 +106,9 @@ public:
     std::function<void()> onChange;
     std::function<void()> onCommit;  // The user leaves the box or presses Return.
     void Commit() { Raise(onCommit); }
+    std::function<void()> onEnter;  // The box gets the keyboard focus.
+    void Enter() { Raise(onEnter); }
+    void SelectAll();
 
     // Hands the present text over; from now on the keeper has it. A keeper without procedures gives it back.
     void SetKeeper(Keeper keeper);
