@@ -33,6 +33,7 @@ inline CFailure TypeMismatch() { return {13, "Type mismatch"}; }
 inline CFailure BadFileName() { return {52, "Bad file name or number"}; }
 inline CFailure FileNotFound() { return {53, "File not found"}; }
 inline CFailure DeviceError() { return {57, "Device I/O error"}; }
+inline CFailure FileExists() { return {58, "File already exists"}; }
 inline CFailure DiskFull() { return {61, "Disk full"}; }
 inline CFailure PastEndOfFile() { return {62, "Input past end of file"}; }
 inline CFailure PermissionDenied() { return {70, "Permission denied"}; }

@@ -30,6 +30,10 @@ public:
     virtual std::vector<std::string> Match(const std::string& pattern) const = 0;
     // The whole of a text file as text: see "Text" in docs/architecture.md for encodings and line ends.
     virtual std::string ReadText(const std::string& path) const = 0;
+    // Deletes one file (53 when there is none, 75 for a folder).
+    virtual void Delete(const std::string& path) = 0;
+    // Gives a file or folder another name or place on the same disk; never replaces anything (58).
+    virtual void Rename(const std::string& from, const std::string& to) = 0;
 };
 
 }

@@ -11,7 +11,6 @@ using zbErrorTrap::CGuard;
 using zbRegistry::Root;
 
 constexpr char Module[] = "bOptions";
-constexpr char OptionKey[] = "Software\\Tarrowind\\Parlune";
 
 struct OptionPlace {
     std::string path;
@@ -23,8 +22,9 @@ OptionPlace SplitOptionName(std::string_view name)
 {
     const std::size_t last = name.rfind('\\');
     if (last == std::string_view::npos)
-        return {OptionKey, std::string(name)};
-    return {std::string(OptionKey) + '\\' + std::string(name.substr(0, last + 1)), std::string(name.substr(last + 1))};
+        return {bOptions::OptionKey, std::string(name)};
+    return {std::string(bOptions::OptionKey) + '\\' + std::string(name.substr(0, last + 1)),
+            std::string(name.substr(last + 1))};
 }
 
 bool IsTruthText(std::string_view value) { return value == "0" || value == "1"; }

@@ -7,6 +7,8 @@
 // the settings file. Truth values are "1" and "0". User-interface thread only.
 namespace bOptions {
 
+inline constexpr char OptionKey[] = "Software\\Tarrowind\\Parlune";  // The registry key, under the current user.
+
 // Reads an option; `name` may carry a sub-path up to its last "\". Returns `defaultValue` when the option is missing
 // or, with `validate`, is neither "0" nor "1". Failures: reported as bOptions:GetOption, then the text held so far.
 std::string GetOption(std::string_view name, std::string_view defaultValue, bool validate = false);

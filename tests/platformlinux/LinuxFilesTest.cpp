@@ -21,14 +21,26 @@ struct LinuxFiles : testing::Test {
         std::sort(names.begin(), names.end());
         return names;
     }
-    std::int32_t FailureOfReading(const std::string& name) const
+    template <class Call> static std::int32_t FailureOf(Call call)
     {
         try {
-            files.ReadText(name);
+            call();
         } catch (const CFailure& failure) {
             return failure.Number();
         }
         return 0;
+    }
+    std::int32_t FailureOfReading(const std::string& name) const
+    {
+        return FailureOf([&] { files.ReadText(name); });
+    }
+    std::int32_t FailureOfDeleting(const std::string& path)
+    {
+        return FailureOf([&] { files.Delete(path); });
+    }
+    std::int32_t FailureOfRenaming(const std::string& from, const std::string& to)
+    {
+        return FailureOf([&] { files.Rename(from, to); });
     }
 };
 using Names = std::vector<std::string>;
@@ -173,6 +185,47 @@ TEST_F(LinuxFiles, MakeUserFolders_SeveralLevels_AreForThisUserAlone)
     EXPECT_EQ(std::filesystem::status(folder.Path("a")).permissions(), std::filesystem::perms::owner_all);
     folder.Write("file", "");
     EXPECT_FALSE(MakeUserFolders(folder.Path("file/a")));
+}
+
+TEST_F(LinuxFiles, Delete_AFile_RemovesIt)
+{
+    folder.Write("a.txt", "text");
+    files.Delete(folder.Path("a.txt"));
+    EXPECT_FALSE(folder.Has("a.txt"));
+}
+
+TEST_F(LinuxFiles, Delete_WhatIsNoFile_FailsAndRemovesNothing)
+{
+    folder.MakeFolder("a");
+    EXPECT_EQ(FailureOfDeleting(folder.Path("b.txt")), 53);
+    EXPECT_EQ(FailureOfDeleting(folder.Path("b/c.txt")), 76);
+    EXPECT_EQ(FailureOfDeleting(folder.Path("a")), 75);
+    EXPECT_EQ(FailureOfDeleting(folder.Path("a") + std::string("\0.txt", 5)), 52);
+    EXPECT_TRUE(folder.Has("a"));
+}
+
+TEST_F(LinuxFiles, Rename_AFile_KeepsItsContent)
+{
+    folder.Write("a.ini", "text");
+    files.Rename(folder.Path("a.ini"), folder.Path("a.old"));
+    EXPECT_FALSE(folder.Has("a.ini"));
+    EXPECT_EQ(folder.Read("a.old"), "text");
+}
+
+TEST_F(LinuxFiles, Rename_OntoSomethingThatIsThere_FailsAndKeepsBoth)
+{
+    folder.Write("a.ini", "new");
+    folder.Write("a.old", "old");
+    EXPECT_EQ(FailureOfRenaming(folder.Path("a.ini"), folder.Path("a.old")), 58);
+    EXPECT_EQ(folder.Read("a.ini"), "new");
+    EXPECT_EQ(folder.Read("a.old"), "old");
+}
+
+TEST_F(LinuxFiles, Rename_WhatIsNotThere_Fails)
+{
+    EXPECT_EQ(FailureOfRenaming(folder.Path("a.ini"), folder.Path("a.old")), 53);
+    folder.Write("a.ini", "text");
+    EXPECT_EQ(FailureOfRenaming(folder.Path("a.ini"), folder.Path("none/a.old")), 76);
 }
 
 TEST_F(LinuxFiles, PlaceCharacters_MissingOnes_AreCopied)

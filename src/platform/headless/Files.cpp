@@ -107,6 +107,39 @@ std::string CFiles::ReadText(const std::string& path) const
     return entry->content;
 }
 
+void CFiles::Delete(const std::string& path)
+{
+    m_journal.Enter("Files.Delete " + path);
+    const Entry* entry = Find(path);
+    if (entry == nullptr)
+        throw failure::FileNotFound();
+    if (entry->kind != EntryKind::File)
+        throw failure::PathFileAccess();
+    Erase(path);
+}
+
+void CFiles::Rename(const std::string& from, const std::string& to)
+{
+    m_journal.Enter("Files.Rename " + from + " " + to);
+    const Entry* entry = Find(from);
+    if (entry == nullptr)
+        throw failure::FileNotFound();
+    if (Find(to) != nullptr)
+        throw failure::FileExists();
+    const std::string former = entry->path;
+    const std::string inside = former + '\\';
+    for (Entry& moved : m_entries)
+        if (moved.path == former)
+            moved.path = Plain(to);
+        else if (moved.path.starts_with(inside))
+            moved.path = Plain(to) + '\\' + moved.path.substr(inside.size());
+}
+
+void CFiles::Erase(const std::string& path)
+{
+    std::erase_if(m_entries, [&](const Entry& entry) { return text::EqualIgnoringCase(entry.path, path); });
+}
+
 void CFiles::PutFolder(const std::string& path)
 {
     const std::string plain = Plain(path);
@@ -119,7 +152,7 @@ void CFiles::PutFolder(const std::string& path)
 void CFiles::PutFile(const std::string& path, const std::string& content)
 {
     PutFolder(FolderOf(path));
-    std::erase_if(m_entries, [&](const Entry& entry) { return text::EqualIgnoringCase(entry.path, path); });
+    Erase(path);
     m_entries.push_back({path, EntryKind::File, content});
 }
 

@@ -24,6 +24,8 @@ public:
     void MakeFolder(const std::string& path) override;
     std::vector<std::string> Match(const std::string& pattern) const override;
     std::string ReadText(const std::string& path) const override;
+    void Delete(const std::string& path) override;
+    void Rename(const std::string& from, const std::string& to) override;
 
     // For tests. Parents are made as needed. Match lists entries in the order in which they were put.
     void PutFolder(const std::string& path);
@@ -43,6 +45,7 @@ private:
     };
     static std::string Plain(const std::string& path);
     const Entry* Find(const std::string& path) const;
+    void Erase(const std::string& path);
     CJournal& m_journal;
     std::vector<Entry> m_entries;
 };

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <new>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace platform::linuxdesktop {
 namespace {
@@ -21,6 +22,13 @@ struct Pattern {
     std::string folder;
     std::string name;
 };
+
+// The system would stop at it and take another path.
+void RefuseNul(const std::string& path)
+{
+    if (path.find('\0') != std::string::npos)
+        throw failure::BadFileName();
+}
 
 Pattern SplitPattern(const std::string& pattern)
 {
@@ -60,8 +68,7 @@ EntryKind CLinuxFiles::Kind(const std::string& path) const
 
 void CLinuxFiles::MakeFolder(const std::string& path)
 {
-    if (path.find('\0') != std::string::npos)
-        throw failure::BadFileName();
+    RefuseNul(path);
     if (::mkdir(path.c_str(), 0755) == 0)
         return;
     throw errno == ENOENT ? failure::PathNotFound() : FailureOfError(errno, path);
@@ -91,6 +98,28 @@ std::string CLinuxFiles::ReadText(const std::string& path) const
     } catch (const std::bad_alloc&) {
         throw failure::OutOfMemory();
     }
+}
+
+void CLinuxFiles::Delete(const std::string& path)
+{
+    RefuseNul(path);
+    if (Kind(path) == EntryKind::Folder)
+        throw failure::PathFileAccess();
+    if (::unlink(path.c_str()) != 0)
+        throw FailureOfError(errno, path);
+}
+
+void CLinuxFiles::Rename(const std::string& from, const std::string& to)
+{
+    RefuseNul(from);
+    RefuseNul(to);
+    struct stat status = {};
+    if (::lstat(from.c_str(), &status) != 0)
+        throw FailureOfError(errno, from);
+    if (::lstat(to.c_str(), &status) == 0)
+        throw failure::FileExists();
+    if (::rename(from.c_str(), to.c_str()) != 0)
+        throw FailureOfError(errno, to);
 }
 
 }

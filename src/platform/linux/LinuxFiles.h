@@ -18,6 +18,8 @@ public:
     // Folders are left out, as in every list of files.
     std::vector<std::string> Match(const std::string& pattern) const override;
     std::string ReadText(const std::string& path) const override;
+    void Delete(const std::string& path) override;
+    void Rename(const std::string& from, const std::string& to) override;
 };
 
 }
