@@ -1,7 +1,10 @@
 #include "startup/MainWindowLife.h"
 #include "startup/WiringParts.h"
+#include "ui/Announcements.h"
 #include "ui/MenuBar.h"
 #include "ui/PopupMenu.h"
+#include "ui/frmSysTray.h"
+#include "ui/zbSysTray.h"
 
 namespace startup {
 namespace {
@@ -33,12 +36,21 @@ void WirePopupMenu(frmParlune& window)
     window.mnuPopExit.onClick = mainWindow::Exit;
 }
 
+void WireTrayIcon(frmParlune& window)
+{
+    window.onMouseMove = zbSysTray::frmParlune_MouseMove;
+    TrayWindow().onLoad = zbSysTray::frmSysTray_Load;
+    TrayWindow().onMouseMove = zbSysTray::frmSysTray_MouseMove;
+}
+
 }
 
 void WireMenus(frmParlune& window)
 {
     WireMenuBar(window);
     WirePopupMenu(window);
+    WireTrayIcon(window);
+    window.tmrTimer.onTimer = announcements::tmrTimer_Timer;
 }
 
 }

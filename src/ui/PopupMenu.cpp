@@ -48,13 +48,10 @@ void PutCharacterAway(const zbErrorTrap::CGuard& guard)
 {
     bool shared = false;
     guard([] { MainWindow().mnuPopHide.SetCaption(ShowCaption); });
-    guard([&] { shared = character::Current().HasOtherClients(); });
-    guard([&] {
-        if (shared)
-            bParlune::CharHide();
-        else
-            bParlune::CharUnload(/*waitForHide*/ true);
-    });
+    if (State().loaded) {
+        guard([&] { shared = character::Current().HasOtherClients(); });
+        guard([&] { shared ? bParlune::CharHide() : bParlune::CharUnload(/*waitForHide*/ true); });
+    }
     guard([] { ui::RefreshMenu(/*shown*/ false); });
 }
 

@@ -7,6 +7,7 @@
 struct frmParlune final : ui::CForm {
     frmParlune() : CForm("frmParlune", "Parlune")
     {
+        SetIcon("parlune");
         chkShowIfHidden.SetVisible(false);
         chkAdvSpkTags[3].SetToolTip("Char (Chr)");
         cboChr.SetToolTip("Voice Characteristic");

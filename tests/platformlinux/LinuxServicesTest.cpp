@@ -343,36 +343,54 @@ TEST(LinuxEventPump, RunPendingEvents_PostedCall_Runs)
     EXPECT_TRUE(ran);
 }
 
-TEST(LinuxTrayIcon, Activated_TwoTriggers_AreOneDoubleClick)
-{
+class LinuxTrayIcon : public testing::Test {
+protected:
+    void Add()
+    {
+        icon.SetIcon(QIcon(QPixmap(16, 16)));
+        icon.Add("Parlune", [this](std::int32_t message) { messages.push_back(message); });
+    }
     CLinuxTrayIcon icon;
-    int doubleClicks = 0;
-    icon.OnDoubleClick([&] { ++doubleClicks; });
+    std::vector<std::int32_t> messages;
+};
+
+TEST_F(LinuxTrayIcon, Activated_TwoTriggers_AreOneDoubleClick)
+{
+    Add();
     icon.Activated(QSystemTrayIcon::Trigger);
-    EXPECT_EQ(doubleClicks, 0);
+    EXPECT_EQ(messages, std::vector<std::int32_t>{});
     icon.Activated(QSystemTrayIcon::Trigger);
-    EXPECT_EQ(doubleClicks, 1);
+    EXPECT_EQ(messages, std::vector<std::int32_t>{515});
     icon.Activated(QSystemTrayIcon::Trigger);
-    EXPECT_EQ(doubleClicks, 1);
+    EXPECT_EQ(messages, std::vector<std::int32_t>{515});
 }
 
-TEST(LinuxTrayIcon, Activated_TriggerThenDoubleClick_IsOneDoubleClick)
+TEST_F(LinuxTrayIcon, Activated_TriggerThenDoubleClick_IsOneDoubleClick)
 {
-    CLinuxTrayIcon icon;
-    int doubleClicks = 0;
-    icon.OnDoubleClick([&] { ++doubleClicks; });
+    Add();
     icon.Activated(QSystemTrayIcon::Trigger);
     icon.Activated(QSystemTrayIcon::DoubleClick);
-    EXPECT_EQ(doubleClicks, 1);
-    icon.Activated(QSystemTrayIcon::Context);
-    EXPECT_EQ(doubleClicks, 1);
+    EXPECT_EQ(messages, std::vector<std::int32_t>{515});
 }
 
-TEST(LinuxTrayIcon, Add_NoNotificationArea_IsAddedButNotReachable)
+TEST_F(LinuxTrayIcon, Activated_ForTheMenu_IsLeftToTheDesktop)
 {
-    CLinuxTrayIcon icon;
-    icon.SetIcon(QIcon(QPixmap(16, 16)));
-    icon.Add("Parlune");
+    Add();
+    icon.Activated(QSystemTrayIcon::Context);
+    EXPECT_EQ(messages, std::vector<std::int32_t>{});
+}
+
+TEST_F(LinuxTrayIcon, Activated_AfterItsRemoval_TellsNobody)
+{
+    Add();
+    icon.Delete();
+    icon.Activated(QSystemTrayIcon::DoubleClick);
+    EXPECT_EQ(messages, std::vector<std::int32_t>{});
+}
+
+TEST_F(LinuxTrayIcon, Add_NoNotificationArea_IsAddedButNotReachable)
+{
+    Add();
     EXPECT_TRUE(icon.IsAdded());
     EXPECT_FALSE(icon.IsReachable());
     icon.Delete();

@@ -270,6 +270,14 @@ TEST_F(PopupMenu, Hide_WhenACallFails_IsReportedWhereItHappensAndTheMenuFollows)
                           });
 }
 
+TEST_F(PopupMenu, Hide_WithoutACharacter_OnlyChangesTheMenu)
+{
+    mnuPopHide_Click();
+    EXPECT_EQ(Reports(), Texts{});
+    EXPECT_EQ(window.mnuPopHide.Caption(), "&Show");
+    EXPECT_FALSE(window.mnuPopCharStop.Visible());
+}
+
 TEST_F(PopupMenu, Hide_WhenTheEngineDoesNotTellOfOtherPrograms_Unloads)
 {
     LoadMerlin();

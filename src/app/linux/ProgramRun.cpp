@@ -31,7 +31,6 @@ CProgramRun::CProgramRun(platform::linuxdesktop::CLinuxDesktop& desktop) : m_des
 
 CProgramRun::~CProgramRun()
 {
-    m_desktop.TrayIcon().OnDoubleClick({});
     m_desktop.TrayIcon().OnReachableChange({});
     m_splash.reset();
     m_mainWindow.reset();
@@ -42,7 +41,6 @@ void CProgramRun::WireTrayIcon()
 {
     auto& trayIcon = m_desktop.TrayIcon();
     trayIcon.SetIcon(m_icon);
-    trayIcon.OnDoubleClick([this] { ToggleMainWindow(); });
     trayIcon.OnReachableChange([this] { m_mainWindow->Mirror(); });
     MirrorMenu(trayIcon.Menu(), MainWindow().mnuPopup);
 }
@@ -65,16 +63,6 @@ void CProgramRun::QuitAfterLastWindow()
 {
     if (!AnyFormLoaded())
         QCoreApplication::quit();
-}
-
-void CProgramRun::ToggleMainWindow()
-{
-    frmParlune& window = MainWindow();
-    const bool show = !window.Visible();
-    window.SetState(show ? ui::WindowState::Normal : ui::WindowState::Minimized);
-    window.SetVisible(show);
-    if (show)
-        m_mainWindow->BringToFront();
 }
 
 void CProgramRun::BringToFront()

@@ -15,7 +15,6 @@ public:
 
 private:
     void Start();
-    void ToggleMainWindow();
     void QuitAfterLastWindow();
     void WireTrayIcon();
 

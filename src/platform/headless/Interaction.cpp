@@ -141,16 +141,24 @@ void CScreen::SetPointer(Pointer pointer)
     pointers.push_back(pointer);
 }
 
-void CTrayIcon::Add(const std::string& newTip)
+void CTrayIcon::Add(const std::string& newTip, std::function<void(std::int32_t message)> mouse)
 {
     m_journal.Enter("TrayIcon.Add");
     tip = newTip;
+    m_mouse = std::move(mouse);
+}
+
+void CTrayIcon::Mouse(std::int32_t message)
+{
+    if (m_mouse)
+        m_mouse(message);
 }
 
 void CTrayIcon::Delete()
 {
     m_journal.Enter("TrayIcon.Delete");
     tip.reset();
+    m_mouse = nullptr;
 }
 
 }

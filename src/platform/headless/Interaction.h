@@ -113,13 +113,15 @@ private:
 class CTrayIcon final : public ITrayIcon {
 public:
     explicit CTrayIcon(CJournal& journal) : m_journal(journal) {}
-    void Add(const std::string& tip) override;
+    void Add(const std::string& tip, std::function<void(std::int32_t message)> mouse) override;
     void Delete() override;
 
-    std::optional<std::string> tip;  // Of the icon that is there.
+    void Mouse(std::int32_t message);  // What the user does to the icon; without effect while there is none.
+    std::optional<std::string> tip;    // Of the icon that is there.
 
 private:
     CJournal& m_journal;
+    std::function<void(std::int32_t message)> m_mouse;
 };
 
 }

@@ -15,8 +15,9 @@ CLinuxTrayIcon::CLinuxTrayIcon()
     look->start(LookEveryMilliseconds);
 }
 
-void CLinuxTrayIcon::Add(const std::string& tip)
+void CLinuxTrayIcon::Add(const std::string& tip, std::function<void(std::int32_t message)> mouse)
 {
+    m_mouse = std::move(mouse);
     if (m_icon)
         return;
     m_icon = std::make_unique<QSystemTrayIcon>(m_picture);
@@ -32,6 +33,7 @@ void CLinuxTrayIcon::Delete()
     if (m_icon)
         m_icon->hide();
     m_icon.reset();
+    m_mouse = nullptr;
     LookWhetherReachable();
 }
 
@@ -56,8 +58,8 @@ void CLinuxTrayIcon::Activated(QSystemTrayIcon::ActivationReason reason)
     if (!secondTrigger && reason != QSystemTrayIcon::DoubleClick)
         return;
     m_sinceTrigger.invalidate();
-    if (m_doubleClick)
-        m_doubleClick();
+    if (m_mouse)
+        m_mouse(mouseMessage::LeftDoubleClick);
 }
 
 void CLinuxTrayIcon::LookWhetherReachable()

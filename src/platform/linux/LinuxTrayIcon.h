@@ -16,18 +16,17 @@ class CLinuxTrayIcon final : public QObject, public ITrayIcon {
     Q_OBJECT
 public:
     CLinuxTrayIcon();
-    void Add(const std::string& tip) override;
+    void Add(const std::string& tip, std::function<void(std::int32_t message)> mouse) override;
     void Delete() override;
 
     bool IsAdded() const { return m_icon != nullptr; }
     bool IsReachable() const;  // Whether the user can click it now.
     void SetIcon(const QIcon& icon);
     QMenu& Menu() { return m_menu; }  // Opened by a right click; to be filled when it is about to show.
-    void OnDoubleClick(std::function<void()> doubleClick) { m_doubleClick = std::move(doubleClick); }
     // Called when the icon becomes reachable or stops being so.
     void OnReachableChange(std::function<void()> changed) { m_reachableChanged = std::move(changed); }
 
-    // What the desktop reports; two triggers within the double-click time are a double click.
+    // What the desktop reports; it opens the menu itself. Two triggers within the double-click time are a double click.
     void Activated(QSystemTrayIcon::ActivationReason reason);
 
 private:
@@ -38,7 +37,7 @@ private:
     std::unique_ptr<QSystemTrayIcon> m_icon;
     QElapsedTimer m_sinceTrigger;
     bool m_wasReachable = false;
-    std::function<void()> m_doubleClick;
+    std::function<void(std::int32_t message)> m_mouse;
     std::function<void()> m_reachableChanged;
 };
 

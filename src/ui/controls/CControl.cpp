@@ -89,6 +89,22 @@ void CForm::BringToFront() { Tell(m_peer.bringToFront); }
 
 void CForm::Activate() { Tell(m_peer.activate); }
 
+void CForm::SetIcon(std::string icon)
+{
+    if (m_icon == icon)
+        return;
+    m_icon = std::move(icon);
+    Tell(m_peer.changed);
+}
+
+void CForm::PostEmptyMessage() { Tell(m_peer.postEmptyMessage); }
+
+void CForm::MouseMove(int button, int shift, float x, float y)
+{
+    if (onMouseMove)
+        onMouseMove(button, shift, x, y);
+}
+
 void CForm::PopUpMenu(CMenuItem& menu)
 {
     if (m_peer.popUpMenu)

@@ -93,7 +93,14 @@ public:
     void SetState(WindowState state);  // Runs Resize when it changes.
     void BringToFront();               // Asks the peer to put the window before all others.
     void Activate();                   // The same, and gives it the focus.
-    void PopUpMenu(CMenuItem& menu);   // Asks the peer to show a menu of this window at the mouse position.
+    void PopUpMenu(CMenuItem& menu);   // Asks the peer to show a menu at the mouse position; returns when it has closed.
+    void PostEmptyMessage();           // Has the system deliver an empty message to the window.
+    // The picture in the window's corner: its name among the program's pictures.
+    const std::string& Icon() const { return m_icon; }
+    void SetIcon(std::string icon);
+    // The mouse moves over the window's bare surface. Button and shift: sums of 1 left, 2 right, 4 middle, and of 1 Shift,
+    // 2 Ctrl, 4 Alt. The place is in screen units from the window's top left corner.
+    void MouseMove(int button, int shift, float x, float y);
 
     CControl* Focused() const { return m_focused; }
     const std::vector<CControl*>& Controls() const { return m_controls; }
@@ -102,15 +109,17 @@ public:
     std::function<void()> onCreate;
     std::function<void()> onLoad;
     std::function<void()> onResize;
+    std::function<void(int button, int shift, float x, float y)> onMouseMove;
     std::function<bool(UnloadMode)> onQueryUnload;  // False: stay open.
     std::function<void()> onUnload;
 
     // What a native window mirrors.
     struct Peer {
-        std::function<void()> changed;  // Caption, visibility or state.
+        std::function<void()> changed;  // Caption, icon, visibility or state.
         std::function<void()> bringToFront;
         std::function<void()> activate;
         std::function<void(CMenuItem& menu)> popUpMenu;
+        std::function<void()> postEmptyMessage;
         std::function<void()> unloaded;
         std::function<void()> focusMoved;
     };
@@ -120,6 +129,7 @@ private:
     friend class CControl;
     std::string m_name;
     std::string m_caption;
+    std::string m_icon;
     bool m_loaded = false;
     bool m_closing = false;
     bool m_visible = false;
