@@ -133,6 +133,12 @@ TEST(PlaceBalloon, WithRoomOnTheRightOnly_StandsThere)
     EXPECT_EQ(place.tail.x, 0);
 }
 
+TEST(PlaceBalloon, OutsideTheScreenAndTooWideForItsSide_StaysInsideTheWorkArea)
+{
+    const BalloonPlace place = engine::PlaceBalloon({3000, 40, 100, 690}, {1020, 60}, Screen);
+    EXPECT_EQ(place.window, (Rect{4, 0, 1020, 74}));
+}
+
 TEST(PlaceBalloon, WithoutRoomAnywhere_StaysInsideTheWorkArea)
 {
     const BalloonPlace place = engine::PlaceBalloon({0, 0, 1024, 768}, {200, 50}, Screen);

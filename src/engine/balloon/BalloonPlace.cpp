@@ -56,13 +56,14 @@ BalloonPlace PlaceBalloon(const Rect& character, Size body, const Rect& area)
 {
     const std::int32_t tall = body.height + BalloonTailLength;
     const std::int32_t wide = body.width + BalloonTailLength;
+    const bool fitsBeside = wide <= area.width;  // A character may stand outside the work area.
     if (character.top - tall >= area.top)
         return Vertical(character, body, area, /*above*/ true);
     if (character.Bottom() + tall <= area.Bottom())
         return Vertical(character, body, area, /*above*/ false);
-    if (character.left - wide >= area.left)
+    if (fitsBeside && character.left - wide >= area.left)
         return Beside(character, body, area, /*onLeft*/ true);
-    if (character.Right() + wide <= area.Right())
+    if (fitsBeside && character.Right() + wide <= area.Right())
         return Beside(character, body, area, /*onLeft*/ false);
     return Vertical(character, body, area, /*above*/ true);
 }
