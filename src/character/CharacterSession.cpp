@@ -123,6 +123,7 @@ void KeepDefaults()
     Guard()([&] { defaults.fontSize = Current().Balloon()->FontSize(); });
     Guard()([&] { defaults.fontItalic = Current().Balloon()->FontItalic(); });
     Guard()([&] { defaults.fontBold = Current().Balloon()->FontBold(); });
+    Guard()([&] { defaults.balloonStyle = Current().Balloon()->Style(); });
 }
 
 void ChooseVoice(const std::string& standardModeID)

@@ -17,6 +17,7 @@ struct CharacterDefaults {
     std::int32_t fontSize = 0;
     bool fontItalic = false;
     bool fontBold = false;
+    std::int32_t balloonStyle = 0;
 };
 
 // The current character and the requests that the program keeps.

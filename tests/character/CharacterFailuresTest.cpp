@@ -66,12 +66,12 @@ std::string ReporterOf(const std::string& numberedCall)
         {"Character.Name#3", "Parlune:CharLoad_AdvSpeechTags"},
         {"Character.Name#4", "Parlune:CharLoad_BalloonFont"},
         {"Character.Name#5", "Parlune:CharLoad_BalloonFont"},
-        {"Character.Balloon#5", "Parlune:CharLoad_BalloonFont"},
         {"Character.Balloon#6", "Parlune:CharLoad_BalloonFont"},
+        {"Character.Balloon#7", "Parlune:CharLoad_BalloonFont"},
         {"Balloon.FontName#2", "Parlune:CharLoad_BalloonFont"},
         {"Balloon.FontSize#2", "Parlune:CharLoad_BalloonFont"},
-        {"Character.Balloon#7", ""},
         {"Character.Balloon#8", ""},
+        {"Character.Balloon#9", ""},
     };
     const auto found = reporters.find(numberedCall);
     if (found != reporters.end())

@@ -216,9 +216,12 @@ TEST_F(CharacterSession, CharLoad_KeepsWhatTheCharacterBroughtWithIt)
     desktop.engine.character.fontName = "Verdana";
     desktop.engine.character.fontSize = 13;
     desktop.engine.character.fontItalic = true;
+    desktop.engine.character.balloonStyle = 0x05280003;
     Store("Merlin", "TTSModeID", "{BB}");
     Store("Merlin", "FontName", "Courier");
+    Store("Merlin", "BalloonStyle", "&H0A280001");
     CharLoad("Merlin", true);
+    EXPECT_EQ(State().defaults.balloonStyle, 0x05280003);
     EXPECT_EQ(State().defaults.ttsModeID, "{AA}");
     EXPECT_EQ(State().defaults.fontName, "Verdana");
     EXPECT_EQ(State().defaults.fontSize, 13);

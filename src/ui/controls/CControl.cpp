@@ -43,8 +43,10 @@ void CForm::Load()
     if (onCreate)
         onCreate();
     m_loaded = true;
+    m_loading = true;
     if (onLoad)
         onLoad();
+    m_loading = false;
 }
 
 bool CForm::Unload(UnloadMode mode)

@@ -83,7 +83,8 @@ public:
     void SetCaption(std::string caption);
 
     bool Loaded() const { return m_loaded; }
-    void Load();  // Does nothing when it is already loaded.
+    bool Loading() const { return m_loading; }  // While the load procedure runs; Loaded is true then, too.
+    void Load();                                // Does nothing when it is already loaded.
     // Returns false when the form refused to close.
     bool Unload(UnloadMode mode = UnloadMode::Code);
 
@@ -131,6 +132,7 @@ private:
     std::string m_caption;
     std::string m_icon;
     bool m_loaded = false;
+    bool m_loading = false;
     bool m_closing = false;
     bool m_visible = false;
     WindowState m_state = WindowState::Normal;
