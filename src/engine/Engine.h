@@ -1,5 +1,6 @@
 #pragma once
 #include "engine/Host.h"
+#include "engine/UserSettings.h"
 #include "platform/CharacterEngine.h"
 #include <functional>
 #include <memory>
@@ -20,11 +21,11 @@ public:
 };
 
 struct EngineSettings {
-    bool balloonsOn = true;
     bool speechOn = true;
-    bool soundEffectsOn = true;
     std::int32_t readingWordsPerMinute = 170;  // Pace of the balloon without a voice.
     std::uint16_t languageId = 0x0409;         // The user's: for names and for the choice of a voice.
+    // Shared by all controls; null: a control's own, out of the host's settings file.
+    std::shared_ptr<CUserSettings> user;
     // What opens the engine's own windows; empty where there are none.
     std::function<void(bool visible)> showPropertySheet;
     std::function<void()> showDefaultCharacterProperties;

@@ -111,7 +111,8 @@ struct SpeechSegment {
     std::int32_t volume = 65535;         // 0 to 65535.
     bool monotone = false;
     bool whisper = false;
-    bool emphasis = false;  // On the first word.
+    bool emphasis = false;            // On the first word.
+    std::int32_t speedPercent = 100;  // Of the pace above, or of the voice's own.
 };
 
 enum class SpeechMarkKind { Word, Mouth };
@@ -172,6 +173,50 @@ public:
     virtual void Unwatch(const void* /*watcher*/) {}
 };
 
+// The text in which the engine keeps what the user has set for all characters.
+class ISettingsFile {
+public:
+    virtual ~ISettingsFile() = default;
+    virtual std::string Read() const = 0;             // "" when there is none.
+    virtual bool Write(const std::string& text) = 0;  // Replaces all of it; false when that was refused.
+};
+
+// Which characters the programs of this user have loaded.
+class ILoadedCharacters {
+public:
+    virtual ~ILoadedCharacters() = default;
+    // This program has loaded the character, or unloaded it: as often as it was loaded.
+    virtual void Enter(const std::string& guid) = 0;
+    virtual void Leave(const std::string& guid) = 0;
+    // Whether another living program has it loaded. False where that cannot be known.
+    virtual bool OthersHave(const std::string& guid) const = 0;
+};
+
+// A command that can be given by voice.
+struct SpokenCommand {
+    std::string name;
+    std::string voice;  // What is to be said, in the notation of voice texts.
+};
+
+// What a recogniser took the user's words for.
+struct HeardCommand {
+    std::string name;             // Of the command; "" for one of the engine's own.
+    std::int32_t confidence = 0;  // -100 to 100.
+    std::string voice;            // The words.
+};
+
+// The microphone and its recogniser. What is empty here is what a desktop without one does.
+class ISpeechInput {
+public:
+    // The best match first, at most three; none for speech that matched nothing.
+    using Heard = std::function<void(const std::vector<HeardCommand>&)>;
+
+    virtual ~ISpeechInput() = default;
+    // What can be said to a listener from now on, instead of what it offered before.
+    virtual void Offer(const void* /*listener*/, std::vector<SpokenCommand> /*commands*/, Heard /*heard*/) {}
+    virtual void Withdraw(const void* /*listener*/) {}
+};
+
 class IHost {
 public:
     virtual ~IHost() = default;
@@ -182,6 +227,9 @@ public:
     virtual ISynthesizer& Synthesizer() = 0;
     virtual std::unique_ptr<ISoundOutput> CreateSoundOutput() = 0;
     virtual IDesktop& Desktop() = 0;
+    virtual ISettingsFile& SettingsFile() = 0;
+    virtual ILoadedCharacters& LoadedCharacters() = 0;
+    virtual ISpeechInput& SpeechInput() = 0;
     virtual double RandomFraction() = 0;  // 0 or more, below 1.
 };
 

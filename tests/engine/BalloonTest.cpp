@@ -72,9 +72,8 @@ TEST_F(BalloonTest, TheFont_IsUsed)
 
 TEST_F(BalloonTest, BalloonsOff_ShowsNone)
 {
-    engine::EngineSettings settings;
-    settings.balloonsOn = false;
-    LoadShown(Make(), settings);
+    host.settingsFile.text = "Balloons=0\n";
+    LoadShown();
     EXPECT_FALSE(bot->Balloon()->Enabled());
     bot->Balloon()->SetStyle(0x02200001);
     const RequestRef speech = Say("Hello");

@@ -99,9 +99,16 @@ bool CPose::CanSpeak() const
     return !m_player.Running() && m_stage.CurrentFrame() != nullptr && m_stage.CurrentFrame()->CanSpeak();
 }
 
+void CPose::AllowSounds(bool allowed)
+{
+    m_soundsAllowed = allowed;
+    if (!allowed)
+        m_sounds.FallSilent();
+}
+
 void CPose::PlaySound(std::uint16_t sound)
 {
-    if (m_soundsOn && sound < m_character.sounds.size() && m_character.sounds[sound])
+    if (m_soundsOn && m_soundsAllowed && sound < m_character.sounds.size() && m_character.sounds[sound])
         m_sounds.Play(*m_character.sounds[sound]);
 }
 

@@ -36,6 +36,7 @@ public:
     bool Moving() const { return m_player.Running(); }
     CSoundEffects& Sounds() { return m_sounds; }
     void SetSoundsOn(bool on) { m_soundsOn = on; }
+    void AllowSounds(bool allowed);  // By the user, for all characters: what sounds now falls silent.
     bool SoundsOn() const { return m_soundsOn; }
 
 private:
@@ -50,6 +51,7 @@ private:
     CAnimationPlayer m_player;
     CSoundEffects m_sounds;
     bool m_soundsOn = true;
+    bool m_soundsAllowed = true;
     const Animation* m_transitionOf = nullptr;  // Whose transition is still to come.
 };
 

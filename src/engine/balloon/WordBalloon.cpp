@@ -37,6 +37,13 @@ CWordBalloon::CWordBalloon(IHost& host, const BalloonLook& look, bool enabled, s
 {
 }
 
+void CWordBalloon::SetEnabled(bool enabled)
+{
+    m_enabled = enabled;
+    if (!enabled)
+        Hide();
+}
+
 void CWordBalloon::SetStyle(const BalloonStyle& style)
 {
     m_style = style;
@@ -97,6 +104,17 @@ void CWordBalloon::SetCharacterPlace(const Rect& character)
         Draw();
 }
 
+void CWordBalloon::WorkAreaChanged()
+{
+    Relayout();
+    Draw();
+}
+
+Rect CWordBalloon::WorkArea() const
+{
+    return m_host.Desktop().WorkArea({m_character.left + m_character.width / 2, m_character.top + m_character.height / 2});
+}
+
 void CWordBalloon::Appear(std::size_t words)
 {
     if (!m_enabled || !m_style.on)
@@ -129,7 +147,7 @@ void CWordBalloon::Relayout()
     if (!m_visible)
         return;
     const std::int32_t average = std::max(1, m_host.Text().AverageCharacterWidth(m_font));
-    const Rect area = m_host.Desktop().WorkArea({m_character.left, m_character.top});
+    const Rect area = WorkArea();
     const std::int32_t most = std::max(average, area.width - 2 * FrameWidth);
     m_textWidth = std::min(m_style.charsPerLine * average, most);
     m_breaker = std::make_unique<CLineBreaker>(m_host.Text(), m_font, m_textWidth, m_text);
@@ -165,7 +183,7 @@ std::size_t CWordBalloon::LineOf(std::size_t byte)
 
 std::size_t CWordBalloon::LinesThatFit() const
 {
-    const Rect area = m_host.Desktop().WorkArea({m_character.left, m_character.top});
+    const Rect area = WorkArea();
     const std::int32_t lineHeight = std::max(1, m_host.Text().LineHeight(m_font));
     return static_cast<std::size_t>(std::max(1, (area.height - 2 * FrameWidth - constants::BalloonTailLength) / lineHeight));
 }
@@ -230,7 +248,7 @@ BalloonPicture CWordBalloon::Picture()
 {
     const std::int32_t lineHeight = m_host.Text().LineHeight(m_font);
     const Size text{BodyTextWidth(), static_cast<std::int32_t>(VisibleLines()) * lineHeight};
-    const Rect area = m_host.Desktop().WorkArea({m_character.left, m_character.top});
+    const Rect area = WorkArea();
     const BalloonPlace place = PlaceBalloon(m_character, {text.width + 2 * FrameWidth, text.height + 2 * FrameWidth}, area);
     BalloonPicture picture;
     picture.place = place.window;

@@ -16,6 +16,7 @@ public:
     CWordBalloon(IHost& host, const BalloonLook& look, bool enabled, std::function<void(bool)> changed);
 
     bool Enabled() const { return m_enabled; }
+    void SetEnabled(bool enabled);
     bool Visible() const { return m_visible; }
     const BalloonStyle& Style() const { return m_style; }
     void SetStyle(const BalloonStyle& style);
@@ -28,12 +29,14 @@ public:
     void Finish();                      // The output of this text has ended.
     void Hide();
     void SetCharacterPlace(const Rect& character);
+    void WorkAreaChanged();
 
 private:
     void Appear(std::size_t words);
     void TakeNextText();
     void Relayout();
     void Draw();
+    Rect WorkArea() const;  // Of the screen on which most of the character stands.
     void EnsureLines(std::size_t count);
     std::size_t LineOf(std::size_t byte);
     std::size_t LinesThatFit() const;
@@ -47,7 +50,7 @@ private:
 
     IHost& m_host;
     const BalloonLook m_look;
-    const bool m_enabled;
+    bool m_enabled;
     std::function<void(bool)> m_changed;
     BalloonStyle m_style;
     Font m_font;

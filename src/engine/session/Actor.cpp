@@ -1,7 +1,6 @@
 #include "engine/session/Actor.h"
 #include "engine/base/Constants.h"
 #include "engine/base/Utf8.h"
-#include "engine/session/CharacterNames.h"
 #include "engine/session/SoundFile.h"
 #include "engine/speech/VoiceChoice.h"
 #include "platform/Failure.h"
@@ -19,7 +18,7 @@ CActor::CActor(Core& core, std::string id, CharacterRef character, bool isDefaul
       m_stage(core.host, *m_character, m_mouse), m_pose(core.host, *m_character, m_stage),
       m_idler(core.host.Timers(), m_pose),
       m_balloon(m_character->balloon
-                    ? std::make_unique<CWordBalloon>(core.host, *m_character->balloon, core.settings.balloonsOn,
+                    ? std::make_unique<CWordBalloon>(core.host, *m_character->balloon, core.user->Now().balloonsOn,
                                                      [this](bool shown) {
                                                          m_core.Tell([id = m_id, shown](auto& events) {
                                                              shown ? events.BalloonShow(id) : events.BalloonHide(id);
@@ -28,13 +27,16 @@ CActor::CActor(Core& core, std::string id, CharacterRef character, bool isDefaul
                     : nullptr),
       m_placement(core, m_id, m_stage, m_balloon.get()), m_speech(core.host, *this), m_queue(*core.postbox, *this, *this)
 {
-    m_pose.SetSoundsOn(core.settings.soundEffectsOn);
+    m_pose.AllowSounds(core.user->Now().soundEffectsOn);
+    m_core.host.LoadedCharacters().Enter(GuidOf(*m_character));
     m_idler.SetEvents([this] { m_core.Tell([id = m_id](auto& events) { events.IdleStart(id); }); },
                       [this] { m_core.Tell([id = m_id](auto& events) { events.IdleComplete(id); }); });
 }
 
 CActor::~CActor()
 {
+    m_core.host.LoadedCharacters().Leave(GuidOf(*m_character));
+    m_core.host.SpeechInput().Withdraw(this);
     m_queue.Abandon();
     m_speech.Stop();
 }
@@ -67,6 +69,38 @@ void CActor::WorkAreaChanged()
 {
     if (!m_mouse.Dragging())
         m_placement.BackOnScreen();
+    if (m_balloon)
+        m_balloon->WorkAreaChanged();
+}
+
+void CActor::UserSettingsChanged()
+{
+    const UserSettings& now = m_core.user->Now();
+    m_pose.AllowSounds(now.soundEffectsOn);
+    if (m_balloon)
+        m_balloon->SetEnabled(now.balloonsOn);
+}
+
+void CActor::Replace(CActor& other)
+{
+    other.m_queue.Stop([](const WorkItem&) { return true; });
+    autoPopupMenu = other.autoPopupMenu;
+    m_modeId = other.m_modeId;
+    m_idler.SetOn(other.m_idler.On());
+    m_pose.SetSoundsOn(other.m_pose.SoundsOn());
+    m_placement.TakeOver(other.m_placement);
+    if (m_balloon && other.m_balloon) {
+        m_balloon->SetStyle(other.m_balloon->Style());
+        m_balloon->SetFont(other.m_balloon->TextFont());
+    }
+    m_visibilityCause = other.m_visibilityCause;
+    if (other.Visible()) {
+        if (const Animation* neutral = m_pose.Pick("SPEAKING"))
+            m_pose.Assume(*neutral, nullptr);
+        m_stage.Show();
+        m_idler.Begin();
+    }
+    SetCommands(other.m_commands);
 }
 
 void CActor::Started(std::weak_ptr<CRequest> request)
@@ -159,6 +193,7 @@ void CActor::PerformShow(const WorkItem& item)
     else
         Finish();
     m_stage.Show();
+    OfferCommands();
 }
 
 void CActor::PerformHide(const WorkItem& item)
@@ -179,6 +214,7 @@ void CActor::HideNow()
             m_balloon->Hide();
         m_pose.Clear();
         m_stage.Hide();
+        OfferCommands();
         m_visibilityCause = VisibilityCause::ProgramHid;
         m_core.Tell([id = m_id](auto& events) { events.Hide(id, static_cast<std::int16_t>(VisibilityCause::ProgramHid)); });
     }
@@ -227,7 +263,7 @@ void CActor::Slide(const WorkItem& item)
 void CActor::PerformSpeak(WorkItem& item)
 {
     m_nextSpeech = item.prepared ? std::move(item.prepared) : Prepare(item);
-    if (m_nextSpeech->modeId != ModeId())
+    if (m_nextSpeech->modeId != ModeId() || m_nextSpeech->speedPercent != m_core.user->Now().speedPercent)
         OrderVoice(*m_nextSpeech);
     m_nextSound.reset();
     if (m_nextSpeech->spoken.error != 0) {
@@ -265,7 +301,7 @@ void CActor::StartSpeech()
 {
     if (m_balloon)
         m_balloon->Begin(m_nextSpeech->spoken.shown, m_nextSpeech->spoken.words);
-    const std::int32_t pace = m_core.settings.readingWordsPerMinute;
+    const std::int32_t pace = ReadingPace();
     if (m_nextSound)
         m_speech.PlaySound(std::move(m_nextSpeech), *m_nextSound, pace);
     else

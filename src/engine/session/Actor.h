@@ -2,6 +2,7 @@
 #include "engine/animation/Idler.h"
 #include "engine/balloon/WordBalloon.h"
 #include "engine/requests/RequestQueue.h"
+#include "engine/session/CharacterNames.h"
 #include "engine/session/CommandList.h"
 #include "engine/session/Core.h"
 #include "engine/session/Mouse.h"
@@ -29,20 +30,29 @@ public:
     CIdler& Idler() { return m_idler; }
     CPose& Pose() { return m_pose; }
     CWordBalloon* Balloon() { return m_balloon.get(); }  // Null when the character has none.
-    CommandList& Commands() { return m_commands; }
+    const CommandList& Commands() const { return m_commands; }
+    void SetCommands(CommandList commands);
     bool Visible() const { return m_stage.Visible(); }
     VisibilityCause LastVisibilityCause() const { return m_visibilityCause; }
     bool autoPopupMenu = true;
 
     std::string ModeId() const;                 // Of the voice that would speak now; "" for none.
     void SetModeId(const std::string& modeId);  // Throws SpeechEngineNotFound, and chooses by itself from then on.
-    std::int32_t ReadingPace() const { return m_core.settings.readingWordsPerMinute; }
+    // Words a minute of the balloon without a voice.
+    std::int32_t ReadingPace() const
+    {
+        return m_core.settings.readingWordsPerMinute * m_core.user->Now().speedPercent / 100;
+    }
     bool HasVoice() const { return !ModeId().empty(); }
 
     platform::RequestRef Add(WorkItem item);
     void Stop(const platform::RequestRef& request);  // Null: everything but a running Show or Hide.
     void StopKinds(const std::set<WorkKind>& kinds);
     void WorkAreaChanged();
+    void UserSettingsChanged();
+    // Takes the place of another character before anybody has seen this one: what the program has set, and the sight.
+    void Replace(CActor& other);
+    bool OtherClientsHaveIt() const { return m_core.host.LoadedCharacters().OthersHave(GuidOf(*m_character)); }
 
 private:
     void Perform(WorkItem& item) override;
@@ -81,6 +91,8 @@ private:
     SpeechDefaults VoiceDefaults() const;
     bool Acts(const MouseAction& action) const;
     void LeaveBalloonAlone();
+    void OfferCommands();
+    void Heard(const std::vector<HeardCommand>& matches);
     using MouseEvent = void (platform::ICharacterEngineEvents::*)(const std::string&, std::int16_t, std::int16_t,
                                                                   std::int16_t, std::int16_t);
     void TellMouse(MouseEvent event, const MouseAction& action);

@@ -77,8 +77,10 @@ void CActor::OrderVoice(PreparedSpeech& speech)
 {
     speech.feed.reset();
     speech.modeId = ModeId();
+    speech.speedPercent = m_core.user->Now().speedPercent;
     if (!speech.modeId.empty() && speech.statement.soundFile.empty() && HasSound(speech.spoken))
-        speech.feed = std::make_unique<CSpeechFeed>(m_core.host.Synthesizer(), speech.modeId, speech.spoken.segments);
+        speech.feed = std::make_unique<CSpeechFeed>(m_core.host.Synthesizer(), speech.modeId, speech.speedPercent,
+                                                    speech.spoken.segments);
 }
 
 // Has the next text synthesised while the character is still busy, so that no gap is heard between two texts.

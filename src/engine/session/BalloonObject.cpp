@@ -13,7 +13,7 @@ constexpr std::int32_t LargestFont = 2160;  // Points.
 
 class CBalloonObject final : public platform::IBalloon {
 public:
-    explicit CBalloonObject(std::weak_ptr<CActor> actor) : m_actor(std::move(actor)) {}
+    explicit CBalloonObject(std::weak_ptr<Seat> seat) : m_seat(std::move(seat)) {}
 
     bool Enabled() const override { return Balloon().Enabled(); }
     bool Visible() const override { return Balloon().Visible(); }
@@ -47,40 +47,62 @@ public:
     std::int32_t NumberOfLines() const override { return Balloon().Style().lines; }
 
 private:
-    CWordBalloon& Balloon() const { return *Living(m_actor)->Balloon(); }  // Outlives the call: the engine holds the actor.
+    // Outlives the call: the engine holds the actor. Another default character may have no balloon.
+    CWordBalloon& Balloon() const
+    {
+        CWordBalloon* balloon = Living(m_seat)->Balloon();
+        if (balloon == nullptr)
+            throw CFailure(engineError::NoBalloon, "The character has no word balloon.");
+        return *balloon;
+    }
 
-    std::weak_ptr<CActor> m_actor;
+    std::weak_ptr<Seat> m_seat;
 };
 
 class CCommandsObject final : public platform::ICommands {
 public:
-    explicit CCommandsObject(std::weak_ptr<CActor> actor) : m_actor(std::move(actor)) {}
+    explicit CCommandsObject(std::weak_ptr<Seat> seat) : m_seat(std::move(seat)) {}
 
-    void RemoveAll() override { Living(m_actor)->Commands().commands.clear(); }
-    void SetCaption(const std::string& caption) override { Living(m_actor)->Commands().caption = caption; }
+    void RemoveAll() override
+    {
+        Change([](CommandList& list) { list.commands.clear(); });
+    }
+    void SetCaption(const std::string& caption) override
+    {
+        Change([&](CommandList& list) { list.caption = caption; });
+    }
     void Add(const std::string& name, const std::optional<std::string>& caption, const std::optional<std::string>& voice,
              std::optional<bool> enabled, std::optional<bool> visible) override
     {
-        Living(m_actor)->Commands().Add(
-            {name, caption.value_or(""), voice.value_or(""), enabled.value_or(true), visible.value_or(true)});
+        Change([&](CommandList& list) {
+            list.Add({name, caption.value_or(""), voice.value_or(""), enabled.value_or(true), visible.value_or(true)});
+        });
     }
 
 private:
-    std::weak_ptr<CActor> m_actor;
+    template <class Changing> void Change(Changing&& changing)
+    {
+        const auto actor = Living(m_seat);
+        CommandList list = actor->Commands();
+        changing(list);
+        actor->SetCommands(std::move(list));
+    }
+
+    std::weak_ptr<Seat> m_seat;
 };
 
 }
 
-std::shared_ptr<platform::IBalloon> MakeBalloonObject(const std::shared_ptr<CActor>& actor)
+std::shared_ptr<platform::IBalloon> MakeBalloonObject(const std::shared_ptr<Seat>& seat)
 {
-    if (actor->Balloon() == nullptr)
+    if (seat->actor->Balloon() == nullptr)
         throw CFailure(engineError::NoBalloon, "The character has no word balloon.");
-    return std::make_shared<CBalloonObject>(actor);
+    return std::make_shared<CBalloonObject>(seat);
 }
 
-std::shared_ptr<platform::ICommands> MakeCommandsObject(const std::shared_ptr<CActor>& actor)
+std::shared_ptr<platform::ICommands> MakeCommandsObject(const std::shared_ptr<Seat>& seat)
 {
-    return std::make_shared<CCommandsObject>(actor);
+    return std::make_shared<CCommandsObject>(seat);
 }
 
 }

@@ -28,4 +28,20 @@ LocalizedName NamesFor(const Character& character, std::uint16_t languageId)
     return best == character.names.end() ? LocalizedName{} : *best;
 }
 
+// The first three groups stand in the file with their lowest byte first.
+std::string GuidOf(const Character& character)
+{
+    static constexpr std::size_t Order[] = {3, 2, 1, 0, 5, 4, 7, 6, 8, 9, 10, 11, 12, 13, 14, 15};
+    static constexpr char Digits[] = "0123456789ABCDEF";
+    std::string text = "{";
+    for (std::size_t index = 0; index < std::size(Order); ++index) {
+        if (index == 4 || index == 6 || index == 8 || index == 10)
+            text += '-';
+        const std::uint8_t byte = character.id[Order[index]];
+        text += Digits[byte >> 4];
+        text += Digits[byte & 15];
+    }
+    return text + "}";
+}
+
 }

@@ -7,4 +7,7 @@ namespace engine {
 // else the first. Empty texts when the character has none.
 LocalizedName NamesFor(const Character& character, std::uint16_t languageId);
 
+// The character's identity as text: "{8-4-4-4-12}" in upper case.
+std::string GuidOf(const Character& character);
+
 }

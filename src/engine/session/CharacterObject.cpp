@@ -27,7 +27,7 @@ std::int32_t Positive(std::int32_t value)
 
 class CCharacterObject final : public platform::ICharacter {
 public:
-    explicit CCharacterObject(std::weak_ptr<CActor> actor) : m_actor(std::move(actor)) {}
+    explicit CCharacterObject(std::weak_ptr<Seat> seat) : m_seat(std::move(seat)) {}
 
     std::string Name() const override { return Actor()->Name(); }
     void SetName(const std::string& name) override { Actor()->SetName(name); }
@@ -61,11 +61,11 @@ public:
     bool Visible() const override { return Actor()->Visible(); }
     std::int32_t VisibilityCause() const override { return static_cast<std::int32_t>(Actor()->LastVisibilityCause()); }
     std::int32_t MoveCause() const override { return static_cast<std::int32_t>(Actor()->Placement().Cause()); }
-    bool HasOtherClients() const override { return false; }  // Nobody else can load a character here.
+    bool HasOtherClients() const override { return Actor()->OtherClientsHaveIt(); }
     std::vector<std::string> AnimationNames() const override;
 
-    std::shared_ptr<platform::IBalloon> Balloon() override { return MakeBalloonObject(Actor()); }
-    std::shared_ptr<platform::ICommands> Commands() override { return MakeCommandsObject(Actor()); }
+    std::shared_ptr<platform::IBalloon> Balloon() override { return MakeBalloonObject(LivingSeat()); }
+    std::shared_ptr<platform::ICommands> Commands() override { return MakeCommandsObject(LivingSeat()); }
     std::int32_t NamedNumber(const std::string& member) const override;
 
     RequestRef Show(std::optional<bool> fast) override { return Add(WorkKind::Show, fast.value_or(false)); }
@@ -77,7 +77,12 @@ public:
     void StopAll(const std::optional<std::string>& types) override { Actor()->StopKinds(StoppedKinds(types)); }
 
 private:
-    std::shared_ptr<CActor> Actor() const { return Living(m_actor); }
+    std::shared_ptr<CActor> Actor() const { return Living(m_seat); }
+    std::shared_ptr<Seat> LivingSeat() const
+    {
+        Actor();
+        return m_seat.lock();
+    }
     const Rect& Place() const { return Actor()->Placement().Place(); }
     RequestRef Add(WorkKind kind, bool fast)
     {
@@ -87,7 +92,7 @@ private:
         return Actor()->Add(std::move(item));
     }
 
-    std::weak_ptr<CActor> m_actor;
+    std::weak_ptr<Seat> m_seat;
 };
 
 std::int32_t CCharacterObject::Pitch() const
@@ -172,17 +177,17 @@ RequestRef CCharacterObject::MoveTo(std::int16_t x, std::int16_t y, std::optiona
 
 }
 
-std::shared_ptr<CActor> Living(const std::weak_ptr<CActor>& actor)
+std::shared_ptr<CActor> Living(const std::weak_ptr<Seat>& seat)
 {
-    auto living = actor.lock();
+    const auto living = seat.lock();
     if (!living)
         throw CFailure(engineError::BadCharacterID, "The character is not loaded.");
-    return living;
+    return living->actor;
 }
 
-std::shared_ptr<platform::ICharacter> MakeCharacterObject(const std::shared_ptr<CActor>& actor)
+std::shared_ptr<platform::ICharacter> MakeCharacterObject(const std::shared_ptr<Seat>& seat)
 {
-    return std::make_shared<CCharacterObject>(actor);
+    return std::make_shared<CCharacterObject>(seat);
 }
 
 }

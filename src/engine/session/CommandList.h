@@ -13,7 +13,7 @@ struct Command {
     bool visible = true;
 };
 
-// The commands of a character. They are kept, checked and given back; nothing recognises speech.
+// The commands of a character. They stand in no menu of the engine: they are for the voice.
 struct CommandList {
     std::string caption;
     std::vector<Command> commands;

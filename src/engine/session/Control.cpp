@@ -11,19 +11,24 @@ using platform::CFailure;
 CCast::CCast(Core& core, ICharacterSource& source) : m_core(core), m_source(source)
 {
     m_core.host.Desktop().Watch(this, [this] {
-        for (const auto& [id, actor] : m_actors)
-            actor->WorkAreaChanged();
+        for (const auto& [id, seat] : m_seats)
+            seat->actor->WorkAreaChanged();
     });
+    m_core.user->Watch(this, [this](const UserSettings& before) { UserSettingsChanged(before); });
 }
 
-CCast::~CCast() { m_core.host.Desktop().Unwatch(this); }
+CCast::~CCast()
+{
+    m_core.user->Unwatch(this);
+    m_core.host.Desktop().Unwatch(this);
+}
 
 void CCast::CheckCompany(const std::string& id, bool asDefault) const
 {
-    if (m_actors.count(id) != 0)
+    if (m_seats.count(id) != 0)
         throw CFailure(engineError::AlreadyLoaded, "A character is loaded under this id already.");
-    const bool mixed = std::any_of(m_actors.begin(), m_actors.end(),
-                                   [&](const auto& entry) { return asDefault || entry.second->IsDefault(); });
+    const bool mixed = std::any_of(m_seats.begin(), m_seats.end(),
+                                   [&](const auto& entry) { return asDefault || entry.second->actor->IsDefault(); });
     if (mixed)
         throw CFailure(engineError::DefaultAndOther, "The default character cannot be loaded beside another one.");
 }
@@ -31,14 +36,14 @@ void CCast::CheckCompany(const std::string& id, bool asDefault) const
 platform::RequestRef CCast::Load(const std::string& id, const std::optional<std::string>& file)
 {
     CheckCompany(id, !file);
-    const CharacterRef character = file ? m_source.Load(*file) : m_source.LoadDefault();
+    const CharacterRef character = file ? m_source.Load(*file) : LoadDefault();
     if (!character)
         throw CFailure(engineError::NotACharacterFile, "The file is not a character file.");
-    const bool twice = std::any_of(m_actors.begin(), m_actors.end(),
-                                   [&](const auto& entry) { return entry.second->Data().id == character->id; });
+    const bool twice = std::any_of(m_seats.begin(), m_seats.end(),
+                                   [&](const auto& entry) { return entry.second->actor->Data().id == character->id; });
     if (twice)
         throw CFailure(engineError::AlreadyLoaded, "This character is loaded already.");
-    m_actors.emplace(id, std::make_shared<CActor>(m_core, id, character, !file));
+    m_seats.emplace(id, std::make_shared<Seat>(Seat{std::make_shared<CActor>(m_core, id, character, !file)}));
     const auto request = std::make_shared<CRequest>(m_core.NewRequestID(), nullptr, platform::RequestStatus::Completed);
     m_core.Tell([weak = std::weak_ptr<CRequest>(request)](auto& events) {
         if (const auto held = weak.lock())
@@ -47,16 +52,58 @@ platform::RequestRef CCast::Load(const std::string& id, const std::optional<std:
     return request;
 }
 
-void CCast::Unload(const std::string& id)
+// The user's choice; what cannot be loaded any more is no choice.
+CharacterRef CCast::LoadDefault()
 {
-    const std::shared_ptr<CActor> actor = Find(id);
-    m_actors.erase(id);
+    const std::string& chosen = m_core.user->Now().defaultCharacter;
+    if (!chosen.empty()) {
+        try {
+            if (const CharacterRef character = m_source.Load(chosen))
+                return character;
+        } catch (const CFailure&) {
+            return m_source.LoadDefault();
+        }
+    }
+    return m_source.LoadDefault();
 }
 
-std::shared_ptr<CActor> CCast::Find(const std::string& id) const
+void CCast::UserSettingsChanged(const UserSettings& before)
 {
-    const auto found = m_actors.find(id);
-    if (found == m_actors.end())
+    for (const auto& [id, seat] : m_seats)
+        seat->actor->UserSettingsChanged();
+    if (before.defaultCharacter == m_core.user->Now().defaultCharacter)
+        return;
+    for (const auto& [id, seat] : m_seats)
+        if (seat->actor->IsDefault())
+            ReplaceDefault(id, *seat);
+}
+
+void CCast::ReplaceDefault(const std::string& id, Seat& seat)
+{
+    CharacterRef character;
+    try {
+        character = LoadDefault();
+    } catch (const CFailure&) {
+        return;  // Better the old one than none.
+    }
+    if (!character || character->id == seat.actor->Data().id)
+        return;
+    auto actor = std::make_shared<CActor>(m_core, id, character, /*isDefault*/ true);
+    actor->Replace(*seat.actor);
+    seat.actor = std::move(actor);
+    m_core.Tell([guid = GuidOf(*character)](auto& events) { events.DefaultCharacterChange(guid); });
+}
+
+void CCast::Unload(const std::string& id)
+{
+    const std::shared_ptr<Seat> seat = Find(id);
+    m_seats.erase(id);
+}
+
+std::shared_ptr<Seat> CCast::Find(const std::string& id) const
+{
+    const auto found = m_seats.find(id);
+    if (found == m_seats.end())
         throw CFailure(engineError::BadCharacterID, "No character is loaded under this id.");
     return found->second;
 }

@@ -1,5 +1,5 @@
 #pragma once
-#include "engine/session/Actor.h"
+#include "engine/session/CharacterObject.h"
 #include <map>
 
 namespace engine {
@@ -14,14 +14,17 @@ public:
 
     platform::RequestRef Load(const std::string& id, const std::optional<std::string>& file);
     void Unload(const std::string& id);
-    std::shared_ptr<CActor> Find(const std::string& id) const;  // Throws BadCharacterID.
+    std::shared_ptr<Seat> Find(const std::string& id) const;  // Throws BadCharacterID.
 
 private:
     void CheckCompany(const std::string& id, bool asDefault) const;
+    CharacterRef LoadDefault();
+    void UserSettingsChanged(const UserSettings& before);
+    void ReplaceDefault(const std::string& id, Seat& seat);
 
     Core& m_core;
     ICharacterSource& m_source;
-    std::map<std::string, std::shared_ptr<CActor>> m_actors;
+    std::map<std::string, std::shared_ptr<Seat>> m_seats;
 };
 
 // What the program holds of the engine.

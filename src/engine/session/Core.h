@@ -8,7 +8,9 @@ namespace engine {
 // What all parts of one control share. Lives as long as the control.
 struct Core {
     Core(IHost& itsHost, EngineSettings itsSettings)
-        : host(itsHost), settings(std::move(itsSettings)), postbox(std::make_shared<CPostbox>(itsHost.Timers()))
+        : host(itsHost), settings(std::move(itsSettings)),
+          user(settings.user ? settings.user : std::make_shared<CUserSettings>(itsHost.SettingsFile())),
+          postbox(std::make_shared<CPostbox>(itsHost.Timers()))
     {
     }
     ~Core() { postbox->Close(); }
@@ -27,6 +29,7 @@ struct Core {
 
     IHost& host;
     const EngineSettings settings;
+    const std::shared_ptr<CUserSettings> user;
     std::shared_ptr<CPostbox> postbox;
     platform::ICharacterEngineEvents* events = nullptr;
     std::int32_t lastRequestID = 0;

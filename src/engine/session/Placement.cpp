@@ -102,17 +102,31 @@ void CPlacement::StopSlide()
     TellMove(MoveCause::Program);
 }
 
-void CPlacement::BackOnScreen()
+Point CPlacement::InsideWorkArea(Point corner) const
 {
-    const Rect& place = Place();
+    const Rect place{corner.x, corner.y, Place().width, Place().height};
     const Rect area = m_core.host.Desktop().WorkArea({place.left + place.width / 2, place.top + place.height / 2});
     const std::int32_t width = std::min(place.Right(), area.Right()) - std::max(place.left, area.left);
     const std::int32_t height = std::min(place.Bottom(), area.Bottom()) - std::max(place.top, area.top);
     if (width >= place.width / 2 && height >= place.height / 2)
+        return corner;
+    return {std::max(area.left, std::min(place.left, area.Right() - place.width)),
+            std::max(area.top, std::min(place.top, area.Bottom() - place.height))};
+}
+
+void CPlacement::BackOnScreen()
+{
+    if (m_timer.Running()) {
+        m_to = InsideWorkArea(m_to);
         return;
-    MoveTo({std::max(area.left, std::min(place.left, area.Right() - place.width)),
-            std::max(area.top, std::min(place.top, area.Bottom() - place.height))},
-           MoveCause::System);
+    }
+    MoveTo(InsideWorkArea({Place().left, Place().top}), MoveCause::System);
+}
+
+void CPlacement::TakeOver(const CPlacement& other)
+{
+    Put(other.Place());
+    m_cause = other.m_cause;
 }
 
 }

@@ -20,12 +20,15 @@ public:
     void StopSlide();       // Where it is.
     void Follow(Point to);  // While dragged: tells nothing yet.
     void Drop();            // Tells where the user has left it.
-    void BackOnScreen();    // Moves a frame of which less than half is inside the work area.
+    // Moves a frame of which less than half is inside the work area; a slide under way ends inside.
+    void BackOnScreen();
+    void TakeOver(const CPlacement& other);  // Stands where the other one stood, as large, and tells nothing.
 
 private:
     void Put(const Rect& place);
     void TellMove(MoveCause cause);
     void SlideStep();
+    Point InsideWorkArea(Point corner) const;  // The nearest place, unless it is good enough already.
 
     Core& m_core;
     const std::string m_id;

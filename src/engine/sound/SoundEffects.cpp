@@ -34,6 +34,15 @@ void CSoundEffects::Stop()
     m_waiting = nullptr;
 }
 
+void CSoundEffects::FallSilent()
+{
+    if (!Sounding())
+        return;
+    m_output->Stop();
+    m_deadline = m_host.Timers().NowMilliseconds();
+    m_timer.Start(0, [this] { Poll(); });
+}
+
 void CSoundEffects::WhenSilent(std::function<void()> call)
 {
     if (Sounding())

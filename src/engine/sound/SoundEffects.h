@@ -13,7 +13,8 @@ public:
     // What cannot be decoded stays silent; a sound that has only just begun is not begun again. The file must live as long
     // as this object.
     void Play(const std::vector<std::uint8_t>& waveFile);
-    void Stop();  // Silence now; whoever waits is called no more.
+    void Stop();        // Silence now; whoever waits is called no more.
+    void FallSilent();  // Silence now; whoever waits is called soon.
     bool Sounding() const { return m_timer.Running(); }
     // Calls back when no effect sounds any more: at once, before this returns, when none does.
     void WhenSilent(std::function<void()> call);

@@ -17,6 +17,7 @@ struct PreparedSpeech {
     Statement statement;
     SpokenText spoken;
     std::string modeId;
+    std::int32_t speedPercent = 100;
     std::unique_ptr<CSpeechFeed> feed;  // Null when nothing can or need be synthesised.
 };
 

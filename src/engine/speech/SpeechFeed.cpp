@@ -39,8 +39,9 @@ TextCut CutText(std::string_view text, std::size_t limit)
 
 }
 
-CSpeechFeed::CSpeechFeed(ISynthesizer& synthesizer, std::string modeId, const std::vector<SpeechSegment>& segments)
-    : m_synthesizer(synthesizer), m_modeId(std::move(modeId)), m_segments(segments)
+CSpeechFeed::CSpeechFeed(ISynthesizer& synthesizer, std::string modeId, std::int32_t speedPercent,
+                         const std::vector<SpeechSegment>& segments)
+    : m_synthesizer(synthesizer), m_modeId(std::move(modeId)), m_speedPercent(speedPercent), m_segments(segments)
 {
     OrderNext();
 }
@@ -80,6 +81,7 @@ std::vector<SpeechSegment> CSpeechFeed::CutPiece()
         const TextCut cut = CutText(std::string_view(whole.text).substr(m_byte), room);
         m_origins.push_back({{m_segment, m_position}, m_byte == 0});
         SpeechSegment part = whole;
+        part.speedPercent = m_speedPercent;
         part.text = whole.text.substr(m_byte, cut.bytes);
         part.pauseMilliseconds = m_byte == 0 ? whole.pauseMilliseconds : 0;
         part.emphasis = whole.emphasis && m_byte == 0;

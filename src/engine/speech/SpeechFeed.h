@@ -26,7 +26,8 @@ struct FeedPart {
 class CSpeechFeed {
 public:
     // Borrows the segments for its lifetime. Orders the first piece.
-    CSpeechFeed(ISynthesizer& synthesizer, std::string modeId, const std::vector<SpeechSegment>& segments);
+    CSpeechFeed(ISynthesizer& synthesizer, std::string modeId, std::int32_t speedPercent,
+                const std::vector<SpeechSegment>& segments);
     ~CSpeechFeed();
     CSpeechFeed(const CSpeechFeed&) = delete;
     CSpeechFeed& operator=(const CSpeechFeed&) = delete;
@@ -52,6 +53,7 @@ private:
 
     ISynthesizer& m_synthesizer;
     std::string m_modeId;
+    std::int32_t m_speedPercent;
     const std::vector<SpeechSegment>& m_segments;
     // The first character that is not ordered yet.
     std::size_t m_segment = 0;

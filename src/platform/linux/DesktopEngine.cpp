@@ -2,6 +2,8 @@
 #include "engine/files/CharacterFolders.h"
 #include "engine/hosts/qt/QtHost.h"
 #include "platform/Failure.h"
+#include "platform/linux/EngineSettingsFile.h"
+#include "platform/linux/LoadedCharacters.h"
 
 namespace platform::linuxdesktop {
 namespace {
@@ -26,15 +28,19 @@ private:
 
 class CDesktopEngine final : public IDesktopEngine, public ICharacterEngineFactory, public ISpeechEngines {
 public:
-    CDesktopEngine(const std::string& sound, const std::string& characterFolder)
-        : m_host(engine::CreateQtHost({.sound = sound})), m_characters({characterFolder})
+    explicit CDesktopEngine(const DesktopEngineOptions& options)
+        : m_host(engine::CreateQtHost({.sound = options.sound,
+                                       .settingsFile = std::make_shared<CEngineSettingsFile>(options.settingsFile),
+                                       .loadedCharacters = std::make_shared<CLoadedCharacters>(options.loadedFolder)})),
+          m_characters({options.characterFolder})
     {
+        m_settings.user = std::make_shared<engine::CUserSettings>(m_host->SettingsFile());
         m_host->WarmUp();
     }
     ICharacterEngineFactory& Factory() override { return *this; }
     ISpeechEngines& Voices() override { return *this; }
 
-    std::shared_ptr<ICharacterEngine> Create() override { return engine::CreateEngine(*m_host, m_characters); }
+    std::shared_ptr<ICharacterEngine> Create() override { return engine::CreateEngine(*m_host, m_characters, m_settings); }
     void RequireForMainWindow() override {}  // The engine is part of the program.
 
     bool Installed() override { return m_host->Synthesizer().Available(); }
@@ -48,12 +54,13 @@ public:
 private:
     std::unique_ptr<engine::IQtHost> m_host;
     engine::CCharacterFolders m_characters;
+    engine::EngineSettings m_settings;
 };
 }
 
-std::unique_ptr<IDesktopEngine> CreateDesktopEngine(const std::string& sound, const std::string& characterFolder)
+std::unique_ptr<IDesktopEngine> CreateDesktopEngine(const DesktopEngineOptions& options)
 {
-    return std::make_unique<CDesktopEngine>(sound, characterFolder);
+    return std::make_unique<CDesktopEngine>(options);
 }
 
 }

@@ -14,7 +14,14 @@ public:
     virtual ISpeechEngines& Voices() = 0;
 };
 
-// `sound` as in engine/hosts/qt/QtHost.h. Needs a QApplication, which must outlive it.
-std::unique_ptr<IDesktopEngine> CreateDesktopEngine(const std::string& sound, const std::string& characterFolder);
+struct DesktopEngineOptions {
+    std::string sound;  // As in engine/hosts/qt/QtHost.h.
+    std::string characterFolder;
+    std::string settingsFile;  // Where the engine keeps what the user has set for all characters.
+    std::string loadedFolder;  // Where programs note which characters they have loaded; "" for nowhere.
+};
+
+// Needs a QApplication, which must outlive it.
+std::unique_ptr<IDesktopEngine> CreateDesktopEngine(const DesktopEngineOptions& options);
 
 }

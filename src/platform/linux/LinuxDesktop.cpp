@@ -7,6 +7,15 @@ namespace platform::linuxdesktop {
 namespace {
 std::string RegistryFile() { return ConfigurationFolder() + "/parlune/registry.txt"; }
 
+std::string EngineSettingsFile() { return ConfigurationFolder() + "/parlune/character-engine.txt"; }
+
+// Shared by all programs of the user, whatever their settings are.
+std::string LoadedFolder()
+{
+    const std::string folder = RuntimeFolder();
+    return folder.empty() ? "" : folder + "/parlune/characters";
+}
+
 std::string AutostartFile() { return ConfigurationFolder() + "/autostart/parlune.desktop"; }
 
 std::string CharacterFolder(const IFiles& files)
@@ -24,27 +33,29 @@ std::string BundledCharacters(const IFiles& files)
 
 CLinuxDesktop::CLinuxDesktop(const DesktopSettings& settings)
     : m_registry(RegistryFile(), CAutostart(AutostartFile(), ProgramFile())), m_environment(settings.commandLine),
-      m_program([this] { FlushStores(); }),
-      m_engine(CreateDesktopEngine(settings.sound, CharacterFolder(m_files))), m_platform{
-                                                                                   .characterEngines = m_engine->Factory(),
-                                                                                   .clipboard = m_clipboard,
-                                                                                   .clock = m_clock,
-                                                                                   .environment = m_environment,
-                                                                                   .events = m_events,
-                                                                                   .fileDialogs = m_fileDialogs,
-                                                                                   .files = m_files,
-                                                                                   .fonts = m_fonts,
-                                                                                   .locale = m_locale,
-                                                                                   .messageBoxes = m_messageBoxes,
-                                                                                   .office = m_office,
-                                                                                   .profile = m_profile,
-                                                                                   .program = m_program,
-                                                                                   .random = m_random,
-                                                                                   .registry = m_registry,
-                                                                                   .screen = m_screen,
-                                                                                   .shell = m_shell,
-                                                                                   .speechEngines = m_engine->Voices(),
-                                                                                   .trayIcon = m_trayIcon}
+      m_program([this] { FlushStores(); }), m_engine(CreateDesktopEngine({.sound = settings.sound,
+                                                                          .characterFolder = CharacterFolder(m_files),
+                                                                          .settingsFile = EngineSettingsFile(),
+                                                                          .loadedFolder = LoadedFolder()})),
+      m_platform{.characterEngines = m_engine->Factory(),
+                 .clipboard = m_clipboard,
+                 .clock = m_clock,
+                 .environment = m_environment,
+                 .events = m_events,
+                 .fileDialogs = m_fileDialogs,
+                 .files = m_files,
+                 .fonts = m_fonts,
+                 .locale = m_locale,
+                 .messageBoxes = m_messageBoxes,
+                 .office = m_office,
+                 .profile = m_profile,
+                 .program = m_program,
+                 .random = m_random,
+                 .registry = m_registry,
+                 .screen = m_screen,
+                 .shell = m_shell,
+                 .speechEngines = m_engine->Voices(),
+                 .trayIcon = m_trayIcon}
 {
     m_flush.setSingleShot(true);
     QObject::connect(&m_flush, &QTimer::timeout, [this] { FlushStores(); });

@@ -83,6 +83,17 @@ void CEventJournal::Size(const std::string& id, std::int16_t width, std::int16_t
 }
 void CEventJournal::RequestStart(const platform::RequestRef& request) { Note("RequestStart " + StatusOf(request)); }
 void CEventJournal::RequestComplete(const platform::RequestRef& request) { Note("RequestComplete " + StatusOf(request)); }
+void CEventJournal::Command(const platform::IUserInput& input)
+{
+    const auto match = [](const std::string& name, std::int32_t confidence, const std::string& voice) {
+        return name + " " + Text(confidence) + " '" + voice + "'";
+    };
+    Note("Command " + input.CharacterID() + " count " + Text(input.Count()) + ": " +
+         match(input.Name(), input.Confidence(), input.Voice()) + ", " +
+         match(input.Alt1Name(), input.Alt1Confidence(), input.Alt1Voice()) + ", " +
+         match(input.Alt2Name(), input.Alt2Confidence(), input.Alt2Voice()));
+}
+void CEventJournal::DefaultCharacterChange(const std::string& guid) { Note("DefaultCharacterChange " + guid); }
 void CEventJournal::Bookmark(std::int32_t number) { Note("Bookmark " + Text(number)); }
 void CEventJournal::BalloonShow(const std::string& id) { Note("BalloonShow " + id); }
 void CEventJournal::BalloonHide(const std::string& id) { Note("BalloonHide " + id); }

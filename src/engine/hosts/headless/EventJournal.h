@@ -34,6 +34,8 @@ public:
     void Size(const std::string& id, std::int16_t width, std::int16_t height) override;
     void RequestStart(const platform::RequestRef& request) override;
     void RequestComplete(const platform::RequestRef& request) override;
+    void Command(const platform::IUserInput& input) override;
+    void DefaultCharacterChange(const std::string& guid) override;
     void Bookmark(std::int32_t number) override;
     void BalloonShow(const std::string& id) override;
     void BalloonHide(const std::string& id) override;

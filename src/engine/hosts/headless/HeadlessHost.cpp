@@ -1,5 +1,6 @@
 #include "engine/hosts/headless/HeadlessHost.h"
 #include "engine/base/Utf8.h"
+#include <algorithm>
 
 namespace engine {
 
@@ -98,9 +99,60 @@ std::int32_t CFixedTextMeasure::Width(const Font&, std::string_view text) const
 void CHeadlessDesktop::Change(const Rect& area)
 {
     workArea = area;
+    Tell();
+}
+
+void CHeadlessDesktop::Unplug()
+{
+    moreWorkAreas.pop_back();
+    Tell();
+}
+
+void CHeadlessDesktop::Tell()
+{
     const auto watchers = m_watchers;
     for (const auto& [watcher, changed] : watchers)
         changed();
+}
+
+Rect CHeadlessDesktop::WorkArea(Point near) const
+{
+    const auto distance = [near](const Rect& area) {
+        return std::max({area.left - near.x, near.x - area.Right() + 1, 0}) +
+               std::max({area.top - near.y, near.y - area.Bottom() + 1, 0});
+    };
+    const auto nearest =
+        std::min_element(moreWorkAreas.begin(), moreWorkAreas.end(),
+                         [&](const Rect& left, const Rect& right) { return distance(left) < distance(right); });
+    return nearest != moreWorkAreas.end() && distance(*nearest) < distance(workArea) ? *nearest : workArea;
+}
+
+void CHeadlessLoadedCharacters::Leave(const std::string& guid)
+{
+    const auto found = std::find(here.begin(), here.end(), guid);
+    if (found != here.end())
+        here.erase(found);
+}
+
+bool CHeadlessLoadedCharacters::OthersHave(const std::string& guid) const
+{
+    return std::find(elsewhere.begin(), elsewhere.end(), guid) != elsewhere.end();
+}
+
+std::vector<std::string> CHeadlessSpeechInput::Offered() const
+{
+    std::vector<std::string> lines;
+    for (const auto& [listener, given] : m_offers)
+        for (const SpokenCommand& command : given.commands)
+            lines.push_back(command.name + ": " + command.voice);
+    return lines;
+}
+
+void CHeadlessSpeechInput::Hear(const std::vector<HeardCommand>& matches)
+{
+    const auto offers = m_offers;
+    for (const auto& [listener, given] : offers)
+        given.heard(matches);
 }
 
 std::unique_ptr<ICharacterWindow> CHeadlessHost::CreateCharacterWindow(IMouseEvents& mouse)

@@ -49,14 +49,60 @@ private:
 class CHeadlessDesktop final : public IDesktop {
 public:
     Rect workArea{0, 0, 1024, 768};
-    Rect WorkArea(Point) const override { return workArea; }
+    std::vector<Rect> moreWorkAreas;  // Of further screens.
+    Rect WorkArea(Point near) const override;
     void Watch(const void* watcher, std::function<void()> changed) override { m_watchers[watcher] = std::move(changed); }
     void Unwatch(const void* watcher) override { m_watchers.erase(watcher); }
     void Change(const Rect& area);  // Another resolution.
+    void Unplug();                  // The last of the further screens.
     std::size_t Watchers() const { return m_watchers.size(); }
 
 private:
+    void Tell();
     std::map<const void*, std::function<void()>> m_watchers;
+};
+
+// The settings file in memory.
+class CHeadlessSettingsFile final : public ISettingsFile {
+public:
+    std::string text;
+    bool refuses = false;
+    std::string Read() const override { return text; }
+    bool Write(const std::string& newText) override
+    {
+        if (!refuses)
+            text = newText;
+        return !refuses;
+    }
+};
+
+class CHeadlessLoadedCharacters final : public ILoadedCharacters {
+public:
+    std::vector<std::string> here;       // Those that this program has loaded, one for each time.
+    std::vector<std::string> elsewhere;  // Those of other programs.
+    void Enter(const std::string& guid) override { here.push_back(guid); }
+    void Leave(const std::string& guid) override;
+    bool OthersHave(const std::string& guid) const override;
+};
+
+// A user who speaks, understood as the test says.
+class CHeadlessSpeechInput final : public ISpeechInput {
+public:
+    void Offer(const void* listener, std::vector<SpokenCommand> commands, Heard heard) override
+    {
+        m_offers[listener] = {std::move(commands), std::move(heard)};
+    }
+    void Withdraw(const void* listener) override { m_offers.erase(listener); }
+    // What can be said now, all listeners together, as "name: voice text".
+    std::vector<std::string> Offered() const;
+    void Hear(const std::vector<HeardCommand>& matches);  // Tells every listener.
+
+private:
+    struct Given {
+        std::vector<SpokenCommand> commands;
+        Heard heard;
+    };
+    std::map<const void*, Given> m_offers;
 };
 
 // A host in memory: virtual time, recorded windows, a scripted mouse, a voice that can be reckoned. Records outlive the
@@ -70,6 +116,9 @@ public:
     SoundRecord sound;
     CHeadlessDesktop desktop;
     CFixedTextMeasure text;
+    CHeadlessSettingsFile settingsFile;
+    CHeadlessLoadedCharacters loadedCharacters;
+    CHeadlessSpeechInput speechInput;
     std::deque<double> randomFractions;  // Answers of RandomFraction; 0 once they are used up.
     std::deque<WindowRecord> windows;    // In the order of their making.
     std::deque<BalloonRecord> balloons;
@@ -86,6 +135,9 @@ public:
     ISynthesizer& Synthesizer() override { return synthesizer; }
     std::unique_ptr<ISoundOutput> CreateSoundOutput() override { return std::make_unique<CHeadlessSound>(time, sound); }
     IDesktop& Desktop() override { return desktop; }
+    ISettingsFile& SettingsFile() override { return settingsFile; }
+    ILoadedCharacters& LoadedCharacters() override { return loadedCharacters; }
+    ISpeechInput& SpeechInput() override { return speechInput; }
     double RandomFraction() override;
 };
 

@@ -112,7 +112,7 @@ QImage DrawBalloon(const BalloonPicture& picture, bool softEdges)
     return image;
 }
 
-CBalloonWindow::CBalloonWindow() : m_widget(Qt::WindowTransparentForInput)
+CBalloonWindow::CBalloonWindow(const CScreenWatch& screens) : m_widget(Qt::WindowTransparentForInput, screens)
 {
     m_widget.setWindowTitle(QStringLiteral("Parlune balloon"));
 }

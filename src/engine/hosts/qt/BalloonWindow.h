@@ -10,7 +10,7 @@ QImage DrawBalloon(const BalloonPicture& picture, bool softEdges);
 
 class CBalloonWindow final : public IBalloonWindow {
 public:
-    CBalloonWindow();
+    explicit CBalloonWindow(const CScreenWatch& screens);
     void Show(const BalloonPicture& picture) override;
     void Hide() override;
 

@@ -21,7 +21,8 @@ int ShiftBits(Qt::KeyboardModifiers keys)
 
 }
 
-CCharacterWidget::CCharacterWidget(IMouseEvents& mouse) : CPictureWidget({}), m_mouse(&mouse)
+CCharacterWidget::CCharacterWidget(IMouseEvents& mouse, const CScreenWatch& screens)
+    : CPictureWidget({}, screens), m_mouse(&mouse)
 {
     setWindowTitle(QStringLiteral("Parlune character"));
     windowHandle()->installEventFilter(this);

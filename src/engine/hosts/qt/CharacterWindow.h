@@ -6,7 +6,7 @@ namespace engine {
 
 class CCharacterWidget final : public CPictureWidget {
 public:
-    explicit CCharacterWidget(IMouseEvents& mouse);
+    CCharacterWidget(IMouseEvents& mouse, const CScreenWatch& screens);
     bool InsideEvent() const { return m_depth > 0; }
     void Forget() { m_mouse = nullptr; }  // From now on nobody wants to hear of the mouse.
 
@@ -27,7 +27,7 @@ private:
 
 class CCharacterWindow final : public ICharacterWindow {
 public:
-    explicit CCharacterWindow(IMouseEvents& mouse) : m_widget(new CCharacterWidget(mouse)) {}
+    CCharacterWindow(IMouseEvents& mouse, const CScreenWatch& screens) : m_widget(new CCharacterWidget(mouse, screens)) {}
     ~CCharacterWindow() override;
     CCharacterWindow(const CCharacterWindow&) = delete;
     CCharacterWindow& operator=(const CCharacterWindow&) = delete;

@@ -37,7 +37,8 @@ QImage MaskOf(const QImage& image, const QtPlace& place, bool softEdges)
 
 }
 
-CPictureWidget::CPictureWidget(Qt::WindowFlags moreFlags) : QWidget(nullptr, PictureFlags | moreFlags)
+CPictureWidget::CPictureWidget(Qt::WindowFlags moreFlags, const CScreenWatch& screens)
+    : QWidget(nullptr, PictureFlags | moreFlags)
 {
     setAttribute(Qt::WA_TranslucentBackground);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -45,11 +46,13 @@ CPictureWidget::CPictureWidget(Qt::WindowFlags moreFlags) : QWidget(nullptr, Pic
     setAttribute(Qt::WA_QuitOnClose, false);
     setFocusPolicy(Qt::NoFocus);
     winId();  // The window exists from now on: its mask is set past the widget, see ApplyMask.
+    connect(&screens, &CScreenWatch::Changed, this, [this] { PutPicture(m_pixels, m_image); });
 }
 
 void CPictureWidget::PutPicture(const Rect& place, const QImage& image)
 {
     m_image = image;
+    m_pixels = place;
     m_place = PlaceForQt(place);
     if (geometry() != m_place.geometry)
         setGeometry(m_place.geometry);

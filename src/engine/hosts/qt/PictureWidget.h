@@ -1,6 +1,7 @@
 #pragma once
 #include "engine/Geometry.h"
 #include "engine/hosts/qt/ScreenPixels.h"
+#include "engine/hosts/qt/ScreenWatch.h"
 #include <QImage>
 #include <QWidget>
 
@@ -10,7 +11,8 @@ namespace engine {
 // where the picture has pixels. The window manager leaves it alone, so that it stays where it is put.
 class CPictureWidget : public QWidget {
 public:
-    explicit CPictureWidget(Qt::WindowFlags moreFlags);
+    // Stays at its place of pixels when the screens change.
+    CPictureWidget(Qt::WindowFlags moreFlags, const CScreenWatch& screens);
 
     // The place of the picture in device pixels, and the picture in that size, premultiplied.
     void PutPicture(const Rect& place, const QImage& image);
@@ -27,6 +29,7 @@ private:
     QRegion MaskRegion() const;
 
     QImage m_image;
+    Rect m_pixels{0, 0, 1, 1};
     QtPlace m_place;
     QImage m_mask;  // The one in force.
     bool m_softEdges = true;

@@ -5,6 +5,7 @@
 #include "engine/hosts/qt/PulseOutput.h"
 #include "engine/hosts/qt/QtTimers.h"
 #include "engine/hosts/qt/RecordedOutput.h"
+#include "engine/hosts/qt/ScreenWatch.h"
 #include "engine/hosts/qt/SteadyClock.h"
 #include "engine/hosts/qt/TextMeasure.h"
 #include <QRandomGenerator>
@@ -55,21 +56,49 @@ private:
 class CDesktop final : public IDesktop {
 public:
     Rect WorkArea(Point near) const override { return WorkAreaNear(near); }
+    void Watch(const void* watcher, std::function<void()> changed) override { screens.Watch(watcher, std::move(changed)); }
+    void Unwatch(const void* watcher) override { screens.Unwatch(watcher); }
+
+    CScreenWatch screens;
 };
+
+class CForgottenSettings final : public ISettingsFile {
+public:
+    std::string Read() const override { return ""; }
+    bool Write(const std::string&) override { return false; }
+};
+
+class CNobodyElse final : public ILoadedCharacters {
+public:
+    void Enter(const std::string&) override {}
+    void Leave(const std::string&) override {}
+    bool OthersHave(const std::string&) const override { return false; }
+};
+
+template <class Interface, class Standing> std::shared_ptr<Interface> OrElse(std::shared_ptr<Interface> given)
+{
+    return given ? given : std::make_shared<Standing>();
+}
 
 class CQtHost final : public IQtHost {
 public:
     explicit CQtHost(const QtHostOptions& options);
     std::unique_ptr<ICharacterWindow> CreateCharacterWindow(IMouseEvents& mouse) override
     {
-        return std::make_unique<CCharacterWindow>(mouse);
+        return std::make_unique<CCharacterWindow>(mouse, m_desktop.screens);
     }
-    std::unique_ptr<IBalloonWindow> CreateBalloonWindow() override { return std::make_unique<CBalloonWindow>(); }
+    std::unique_ptr<IBalloonWindow> CreateBalloonWindow() override
+    {
+        return std::make_unique<CBalloonWindow>(m_desktop.screens);
+    }
     ITextMeasure& Text() override { return m_text; }
     ITimers& Timers() override { return m_timers; }
     ISynthesizer& Synthesizer() override { return m_synthesizer; }
     std::unique_ptr<ISoundOutput> CreateSoundOutput() override;
     IDesktop& Desktop() override { return m_desktop; }
+    ISettingsFile& SettingsFile() override { return *m_settingsFile; }
+    ILoadedCharacters& LoadedCharacters() override { return *m_loadedCharacters; }
+    ISpeechInput& SpeechInput() override { return m_noSpeechInput; }
     double RandomFraction() override { return QRandomGenerator::global()->generateDouble(); }
     void WarmUp() override;
     std::optional<std::int64_t> FirstSampleHeardMilliseconds() const override { return m_heard->firstSampleAt; }
@@ -82,6 +111,9 @@ private:
     CTextMeasure m_text;
     CQtTimers m_timers;
     CDesktop m_desktop;
+    std::shared_ptr<ISettingsFile> m_settingsFile;
+    std::shared_ptr<ILoadedCharacters> m_loadedCharacters;
+    ISpeechInput m_noSpeechInput;
     CEspeakSynthesizer m_synthesizer;
     std::shared_ptr<HeardLog> m_heard = std::make_shared<HeardLog>();
     std::shared_ptr<CWavRecorder> m_recorder;  // Only when asked for.
@@ -89,7 +121,12 @@ private:
     bool m_clockOnly = false;
 };
 
-CQtHost::CQtHost(const QtHostOptions& options) { ChooseSound(options.sound); }
+CQtHost::CQtHost(const QtHostOptions& options)
+    : m_settingsFile(OrElse<ISettingsFile, CForgottenSettings>(options.settingsFile)),
+      m_loadedCharacters(OrElse<ILoadedCharacters, CNobodyElse>(options.loadedCharacters))
+{
+    ChooseSound(options.sound);
+}
 
 void CQtHost::ChooseSound(const std::string& sound)
 {

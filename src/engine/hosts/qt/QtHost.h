@@ -23,6 +23,9 @@ struct QtHostOptions {
     // "wav:FILE": the clock, and FILE becomes a WAVE file of what would have been heard, the silence between left out.
     // Anything else is taken as "auto" and said on the standard error output, as is a FILE that cannot be written.
     std::string sound = "auto";
+    // Null: what the user sets lasts until the end of the program; no other program is known of.
+    std::shared_ptr<ISettingsFile> settingsFile;
+    std::shared_ptr<ILoadedCharacters> loadedCharacters;
 };
 
 class IQtHost : public IHost {

@@ -42,7 +42,8 @@ int PitchOf(const SpeechSegment& segment)
 CEspeakLibrary::Setting SettingOf(const SpeechSegment& segment)
 {
     CEspeakLibrary::Setting setting;
-    setting.wordsPerMinute = segment.wordsPerMinute <= 0 ? OwnWordsPerMinute : std::clamp(segment.wordsPerMinute, 80, 800);
+    const int pace = segment.wordsPerMinute <= 0 ? OwnWordsPerMinute : std::min(segment.wordsPerMinute, 800);
+    setting.wordsPerMinute = std::clamp(pace * std::clamp(segment.speedPercent, 10, 1000) / 100, 80, 800);
     setting.pitch = PitchOf(segment);
     setting.range = segment.monotone ? 0 : OwnRange;
     setting.volume = (std::clamp(segment.volume, 0, 65535) * 100 + 32767) / 65535;
