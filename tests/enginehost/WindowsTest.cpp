@@ -87,7 +87,7 @@ protected:
         support::NeedApplication();
         m_below = std::make_unique<CBelow>();
         EXPECT_TRUE(support::RunLoopUntil([&] { return PixelAt(110, 110) == Below; }));
-        m_window = std::make_unique<CCharacterWindow>(m_mouse);
+        m_window = std::make_unique<CCharacterWindow>(m_mouse, m_screens);
         m_window->SetPicture(HalfRed(64));
         m_window->SetPlace({301, 203, 64, 64});
     }
@@ -108,6 +108,7 @@ protected:
 
     std::unique_ptr<CBelow> m_below;
     CMouseLog m_mouse;
+    CScreenWatch m_screens;
     std::unique_ptr<CCharacterWindow> m_window;
 };
 
@@ -291,7 +292,7 @@ TEST_F(Windows, Click_ThatDestroysTheWindow_IsHarmless)
         std::unique_ptr<CCharacterWindow> window;
         int releases = 0;
     } destroyer;
-    destroyer.window = std::make_unique<CCharacterWindow>(destroyer);
+    destroyer.window = std::make_unique<CCharacterWindow>(destroyer, m_screens);
     destroyer.window->SetPicture(HalfRed(64));
     destroyer.window->SetPlace({301, 203, 64, 64});
     destroyer.window->Show();
@@ -326,7 +327,7 @@ TEST_F(Windows, Show_AndClick_LeavesTheFocusWhereItIs)
 TEST_F(Windows, Raise_OfTwoCharacters_DecidesWhichIsAbove)
 {
     CMouseLog otherMouse;
-    CCharacterWindow other(otherMouse);
+    CCharacterWindow other(otherMouse, m_screens);
     other.SetPicture(HalfRed(64));
     other.SetPlace({301, 203, 64, 64});
     m_window->Show();
@@ -341,7 +342,7 @@ TEST_F(Windows, Raise_OfTwoCharacters_DecidesWhichIsAbove)
 
 TEST_F(Windows, Balloon_Shown_HasBodyAndTailAndTakesNoClicks)
 {
-    CBalloonWindow balloon;
+    CBalloonWindow balloon(m_screens);
     balloon.Show(Balloon());
 
     EXPECT_TRUE(ComesToBe(260, 180, 0xFFFFFFE7));
@@ -355,7 +356,7 @@ TEST_F(Windows, Balloon_Shown_HasBodyAndTailAndTakesNoClicks)
 
 TEST_F(Windows, Balloon_Hide_IsGone)
 {
-    CBalloonWindow balloon;
+    CBalloonWindow balloon(m_screens);
     balloon.Show(Balloon());
     ASSERT_TRUE(ComesToBe(260, 180, 0xFFFFFFE7));
     balloon.Hide();
