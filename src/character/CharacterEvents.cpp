@@ -6,6 +6,7 @@
 #include "common/zbErrorTrap.h"
 #include "reading/bRead.h"
 #include "ui/Menus.h"
+#include "ui/StatusBar.h"
 #include "ui/frmParlune.h"
 #include <cstdlib>
 
@@ -111,8 +112,11 @@ public:
     // Deliberate: treated like a hide; nothing is loaded again.
     void DefaultCharacterChange(const std::string&) override { ui::RefreshMenu(false); }
 
+    void RequestStart(const platform::RequestRef&) override { statusBar::Refresh(); }
+
     void RequestComplete(const platform::RequestRef& request) override
     {
+        statusBar::Refresh();
         zbErrorTrap::IgnoreFailure([&] {
             if (request && request->Status() == platform::RequestStatus::Completed && IsTestRequest(*request))
                 RestoreCharProperties();

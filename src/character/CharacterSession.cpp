@@ -10,6 +10,7 @@
 #include "platform/Platform.h"
 #include "settings/OptionsRecord.h"
 #include "settings/bOptions.h"
+#include "ui/StatusBar.h"
 #include "ui/frmParlune.h"
 #include <array>
 
@@ -174,6 +175,7 @@ bool CharLoad(const std::string& requestedID, bool show)
     State().currentID = id;
     settings::Options().Character = id;
     State().loaded = true;
+    statusBar::Refresh();
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include "platform/Clipboard.h"
 #include "platform/Platform.h"
 #include "reading/bRead.h"
+#include "ui/StatusBar.h"
 
 namespace {
 
@@ -79,6 +80,7 @@ void bClipboard::SetClipboardMonitor(bool enable)
     State().busy = true;
     SwitchTo(enable);
     State().busy = false;
+    statusBar::Refresh();
 }
 
 bool bClipboard::Monitoring() { return State().monitoring; }

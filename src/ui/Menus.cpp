@@ -1,5 +1,6 @@
 #include "ui/Menus.h"
 #include "common/zbErrorTrap.h"
+#include "ui/StatusBar.h"
 #include "ui/frmParlune.h"
 
 namespace ui {
@@ -13,6 +14,7 @@ void RefreshMenu(bool shown)
                             &window.mnuPopCharSkip, &window.mnuPopCharPause})
         item->SetVisible(shown);
     ReevaluateTimer();
+    statusBar::Refresh();
 }
 
 void ReevaluateTimer()

@@ -66,6 +66,7 @@ std::string ReporterOf(const std::string& numberedCall)
         {"Character.Name#3", "Parlune:CharLoad_AdvSpeechTags"},
         {"Character.Name#4", "Parlune:CharLoad_BalloonFont"},
         {"Character.Name#5", "Parlune:CharLoad_BalloonFont"},
+        {"Character.Name#7", ""},  // The status bar.
         {"Character.Balloon#6", "Parlune:CharLoad_BalloonFont"},
         {"Character.Balloon#7", "Parlune:CharLoad_BalloonFont"},
         {"Balloon.FontName#2", "Parlune:CharLoad_BalloonFont"},
