@@ -1,10 +1,23 @@
 #pragma once
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace platform {
 
 enum class EntryKind { None, File, Folder };
+
+// A text file that is read line by line. Failures are thrown as CFailure.
+class ILineReader {
+public:
+    virtual ~ILineReader() = default;
+    // Appends the next line, without its end (CR LF, LF or a lone CR), to `lines`. Returns false, and appends nothing,
+    // behind the last line; a line end at the end of the file begins no further line. A file that grows while it is read
+    // yields the lines that are there.
+    virtual bool AppendLine(std::string& lines) = 0;
+    // All appended lines, joined with "\r\n", as text: only the whole of a file tells its encoding.
+    virtual std::string Text(std::string lines) const = 0;
+};
 
 // Folders and files. Paths are UTF-8 and use this platform's separator. Failures are thrown as CFailure (53, 70, 75, 76
 // ...).
@@ -34,6 +47,11 @@ public:
     virtual void Delete(const std::string& path) = 0;
     // Gives a file or folder another name or place on the same disk; never replaces anything (58).
     virtual void Rename(const std::string& from, const std::string& to) = 0;
+    // Opens a text file for reading line by line; closed when the reader is released.
+    virtual std::unique_ptr<ILineReader> OpenLines(const std::string& path) const = 0;
+    // Creates a file, or gives it new content: the text as it stands, followed by "\r\n". The file has its former content,
+    // if any, until the new one is complete, and keeps it when this fails; 70 or 75 for a file that may not be written.
+    virtual void WriteLine(const std::string& path, const std::string& text) = 0;
 };
 
 }

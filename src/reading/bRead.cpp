@@ -45,12 +45,6 @@ std::string AskForTextFile()
                                       settings::Options().LastFolder, "", "TXT", "Read Text File");
 }
 
-std::string SelectedText(const ui::CTextBox& box)
-{
-    return std::string(text::Mid(box.Text(), static_cast<std::size_t>(box.SelectionStart()) + 1,
-                                 static_cast<std::size_t>(box.SelectionLength())));
-}
-
 // Deliberate: reading starts one character before the caret.
 std::string TextFromCaret(const ui::CTextBox& box)
 {
@@ -62,11 +56,11 @@ std::string TextFromCaret(const ui::CTextBox& box)
 
 void ReadEditor(const ui::CTextBox& editor)
 {
-    if (editor.Text().empty()) {
+    if (editor.IsEmpty()) {
         bRead::ReadClipboard();
         return;
     }
-    const std::string selection = SelectedText(editor);
+    const std::string selection = editor.SelectedText();
     bParlune::CharSpeak(selection.empty() ? TextFromCaret(editor) : selection);
 }
 

@@ -14,8 +14,7 @@ struct OptionsRecord {
     std::int32_t CharHeight = 0;
     std::string LastFolder;
     std::string LastCharFolder;
-    std::string FileName;  // Stored and written back; the editor's document.
-    bool Reset = false;    // The options were reset in this run: nothing is written at the end.
+    bool Reset = false;  // The options were reset in this run: nothing is written at the end.
 };
 
 OptionsRecord& Options();

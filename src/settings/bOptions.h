@@ -27,4 +27,9 @@ void SetCharOption(std::string_view name, std::string_view value);
 void GetOptions();
 void SetOptions();
 
+// Opens a text file in the editor; asks for one when `fileName` is empty. Asks whether to go on when it takes more than half
+// a minute, and to try again when the file may not be accessed (failure 75); whoever declines keeps the former text. Other
+// failures: reported as bOptions:OpenFile; the editor then keeps its text.
+void OpenFile(const std::string& fileName);
+
 }

@@ -1,10 +1,12 @@
 #include "character/CharacterState.h"
 #include "common/Text.h"
+#include "common/bGlobal.h"
 #include "common/zbErrorTrap.h"
 #include "settings/OptionsRecord.h"
 #include "settings/bOptions.h"
 #include "settings/bOptionsControls.h"
 #include "settings/zbRegistry.h"
+#include "ui/EditorDocument.h"
 
 namespace {
 
@@ -113,6 +115,17 @@ void LoadClipboardMonitorAgain(const CGuard& guard, frmParlune& window)
     guard([&] { window.mnuPopAutoReadClipboard.SetChecked(window.chkMonitorClipboard.Ticked()); });
 }
 
+// The document of the last run. Deliberate: its name is the current file's only while it is opened.
+void ReopenDocument()
+{
+    const std::string file = bOptions::GetOption("FileName", "");
+    if (!bGlobal::FileExists(file))
+        return;
+    ui::Document().currentFile = file;
+    bOptions::OpenFile(file);
+    ui::Document().currentFile.clear();
+}
+
 void LoadBrowserEntry(frmParlune& window)
 {
     const std::string page = zbRegistry::GetReg(zbRegistry::Root::CurrentUser, BrowserEntry, "", "");
@@ -168,7 +181,7 @@ void bOptions::GetOptions()
     LoadControls(guard, window, LoadedLast);
     guard([&] { RepairInterval(window.cboSayTimeInterval); });
     guard([&] { LoadControl(window, MonitorClipboard); });
-    guard([&] { record.FileName = GetOption("FileName", ""); });
+    guard([] { ReopenDocument(); });
     LoadClipboardMonitorAgain(guard, window);
     guard([&] { LoadBrowserEntry(window); });
 }
@@ -188,5 +201,5 @@ void bOptions::SetOptions()
     SaveGreetings(guard, window);
     SaveControls(guard, window, Common);
     SaveControls(guard, window, SavedLast);
-    guard([&] { SetOption("FileName", record.FileName); });
+    guard([] { SetOption("FileName", ui::Document().currentFile); });
 }

@@ -10,7 +10,9 @@
 #include "settings/OptionsRecord.h"
 #include "settings/bOptions.h"
 #include "startup/bInit.h"
+#include "ui/EditorDocument.h"
 #include "ui/Menus.h"
+#include "ui/TextEditor.h"
 #include "ui/frmParlune.h"
 #include "ui/frmSplash.h"
 #include "ui/frmSysTray.h"
@@ -97,6 +99,10 @@ bool Form_QueryUnload(ui::UnloadMode mode)
             bClipboard::SetClipboardMonitor(false);
     });
     UnloadOtherWindows();
+    zbErrorTrap::IgnoreFailure([] {
+        if (ui::Document().modified)
+            textEditor::SaveFile(ui::Document().currentFile);
+    });
     return true;
 }
 

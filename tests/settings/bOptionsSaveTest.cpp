@@ -2,6 +2,7 @@
 #include "settings/bOptions.h"
 #include "support/FailEachCall.h"
 #include "support/LoadedCharacter.h"
+#include "ui/EditorDocument.h"
 #include "ui/frmParlune.h"
 #include <gtest/gtest.h>
 
@@ -59,7 +60,7 @@ TEST(bOptionsSave, SetOptions_TheTextsOfTheRecord_AreStored)
     Options().Character = "Robby";
     Options().LastFolder = "C:\\Texts\\";
     Options().LastCharFolder = "C:\\Chars\\";
-    Options().FileName = "C:\\Texts\\a.txt";
+    ui::Document().currentFile = "C:\\Texts\\a.txt";
 
     bOptions::SetOptions();
 
@@ -293,7 +294,7 @@ TEST(bOptionsSave, SetOptions_WhenACallFails_IsReportedOnceOrIgnoredAndTheRestIs
                                                  {"Character.", ""}};
     const auto prepare = [](CHeadlessDesktop& desktop) {
         support::LoadCharacter(desktop, "Robby");
-        Options().FileName = "C:\\Texts\\a.txt";
+        ui::Document().currentFile = "C:\\Texts\\a.txt";
     };
     int runsWithoutTheLastOption = 0;
     support::FailEachCall(

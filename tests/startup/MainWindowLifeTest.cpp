@@ -2,6 +2,7 @@
 #include "character/CharacterState.h"
 #include "reading/bClipboard.h"
 #include "settings/OptionsRecord.h"
+#include "settings/bOptions.h"
 #include "startup/StartedProgram.h"
 
 namespace {
@@ -196,6 +197,65 @@ TEST_F(MainWindowLife, FormQueryUnload_OtherWindowsOpen_UnloadsThem)
     MainWindow().Unload();
     EXPECT_FALSE(TrayWindow().Loaded());
     EXPECT_FALSE(SplashWindow().Loaded());
+}
+
+TEST_F(MainWindowLife, FormQueryUnload_ModifiedFile_IsSavedWithoutAQuestion)
+{
+    desktop.files.PutFile("C:\\Texts\\a.txt", "Hello");
+    Start();
+    bOptions::OpenFile("C:\\Texts\\a.txt");
+    MainWindow().txtRead.SetText("Hello World");
+    MainWindow().Unload();
+    EXPECT_EQ(desktop.files.Content("C:\\Texts\\a.txt"), "Hello World\r\n");
+    EXPECT_TRUE(desktop.messageBoxes.shown.empty());
+    EXPECT_TRUE(desktop.fileDialogs.asked.empty());
+}
+
+TEST_F(MainWindowLife, FormQueryUnload_ModifiedTextWithoutAFile_AsksForOneAndThenCloses)
+{
+    Start();
+    MainWindow().txtRead.SetText("Hello");
+    MainWindow().Unload();
+    EXPECT_EQ(desktop.fileDialogs.asked.size(), 1U);
+    EXPECT_FALSE(MainWindow().Loaded());
+}
+
+TEST_F(MainWindowLife, FormQueryUnload_UnmodifiedText_IsNotSaved)
+{
+    desktop.files.PutFile("C:\\Texts\\a.txt", "Hello");
+    Start();
+    bOptions::OpenFile("C:\\Texts\\a.txt");
+    MainWindow().Unload();
+    EXPECT_EQ(desktop.files.Content("C:\\Texts\\a.txt"), "Hello");
+}
+
+TEST_F(MainWindowLife, FormQueryUnload_OnlyMinimized_SavesNothing)
+{
+    Start();
+    MainWindow().txtRead.SetText("Hello");
+    MainWindow().Unload(ui::UnloadMode::ControlMenu);
+    EXPECT_TRUE(desktop.fileDialogs.asked.empty());
+}
+
+TEST_F(MainWindowLife, FormQueryUnload_SavingFails_ClosesAllTheSame)
+{
+    desktop.files.PutFile("C:\\Texts\\a.txt", "Hello");
+    Start();
+    bOptions::OpenFile("C:\\Texts\\a.txt");
+    MainWindow().txtRead.SetText("Hello World");
+    desktop.files.SetReadOnly("C:\\Texts\\a.txt");
+    MainWindow().Unload();
+    EXPECT_FALSE(MainWindow().Loaded());
+    EXPECT_EQ(desktop.files.Content("C:\\Texts\\a.txt"), "Hello");
+}
+
+TEST_F(MainWindowLife, FormUnload_AnOpenFile_IsOpenedAgainByTheNextStart)
+{
+    desktop.files.PutFile("C:\\Texts\\a.txt", "Hello");
+    Start();
+    bOptions::OpenFile("C:\\Texts\\a.txt");
+    MainWindow().Unload();
+    EXPECT_EQ(Option("FileName"), "C:\\Texts\\a.txt");
 }
 
 TEST_F(MainWindowLife, FormUnload_Always_SavesTheOptionsAndRemovesTheTrayIcon)

@@ -29,6 +29,33 @@ std::string NameOf(const std::string& path)
     return slash == std::string::npos ? path : path.substr(slash + 1);
 }
 
+// Lines of what was in the file when it was opened: a file that is removed meanwhile can be read to its end.
+class CLineReader final : public ILineReader {
+public:
+    CLineReader(std::string content, std::function<void(std::size_t)> beforeLine)
+        : m_content(std::move(content)), m_beforeLine(std::move(beforeLine))
+    {
+    }
+    bool AppendLine(std::string& lines) override
+    {
+        if (m_at == m_content.size())
+            return false;
+        if (++m_number; m_beforeLine)
+            m_beforeLine(m_number);
+        const std::size_t end = std::min(m_content.find_first_of("\r\n", m_at), m_content.size());
+        lines.append(m_content, m_at, end - m_at);
+        m_at = std::min(m_content.compare(end, 2, "\r\n") == 0 ? end + 2 : end + 1, m_content.size());
+        return true;
+    }
+    std::string Text(std::string lines) const override { return lines; }
+
+private:
+    std::string m_content;
+    std::function<void(std::size_t)> m_beforeLine;
+    std::size_t m_at = 0;
+    std::size_t m_number = 0;
+};
+
 }
 
 CFiles::CFiles(CJournal& journal) : m_journal(journal)
@@ -99,12 +126,35 @@ std::vector<std::string> CFiles::Match(const std::string& pattern) const
 std::string CFiles::ReadText(const std::string& path) const
 {
     m_journal.Enter("Files.ReadText " + path);
+    return FileAt(path).content;
+}
+
+std::unique_ptr<ILineReader> CFiles::OpenLines(const std::string& path) const
+{
+    m_journal.Enter("Files.OpenLines " + path);
+    return std::make_unique<CLineReader>(FileAt(path).content, beforeLine);
+}
+
+void CFiles::WriteLine(const std::string& path, const std::string& line)
+{
+    m_journal.Enter("Files.WriteLine " + path);
+    const Entry* folder = Find(FolderOf(path));
+    if (folder == nullptr || folder->kind != EntryKind::Folder)
+        throw failure::PathNotFound();
+    const Entry* former = Find(path);
+    if (m_readOnly.contains(path) || (former != nullptr && former->kind != EntryKind::File))
+        throw failure::PathFileAccess();
+    PutFile(path, line + text::LineBreak);
+}
+
+const CFiles::Entry& CFiles::FileAt(const std::string& path) const
+{
     const Entry* entry = Find(path);
     if (entry == nullptr)
         throw failure::FileNotFound();
     if (entry->kind != EntryKind::File)
         throw failure::PathFileAccess();
-    return entry->content;
+    return *entry;
 }
 
 void CFiles::Delete(const std::string& path)
@@ -154,6 +204,12 @@ void CFiles::PutFile(const std::string& path, const std::string& content)
     PutFolder(FolderOf(path));
     Erase(path);
     m_entries.push_back({path, EntryKind::File, content});
+}
+
+std::string CFiles::Content(const std::string& path) const
+{
+    const Entry* entry = Find(path);
+    return entry == nullptr ? std::string() : entry->content;
 }
 
 bool CFiles::Has(const std::string& path) const { return Find(path) != nullptr; }

@@ -3,7 +3,9 @@
 #include "platform/Files.h"
 #include "platform/Profile.h"
 #include "platform/headless/Journal.h"
+#include <functional>
 #include <map>
+#include <memory>
 #include <set>
 #include <string>
 
@@ -26,11 +28,18 @@ public:
     std::string ReadText(const std::string& path) const override;
     void Delete(const std::string& path) override;
     void Rename(const std::string& from, const std::string& to) override;
+    std::unique_ptr<ILineReader> OpenLines(const std::string& path) const override;
+    void WriteLine(const std::string& path, const std::string& text) override;
 
     // For tests. Parents are made as needed. Match lists entries in the order in which they were put.
     void PutFolder(const std::string& path);
     void PutFile(const std::string& path, const std::string& content = "");
+    void Remove(const std::string& path) { Erase(path); }
+    void SetReadOnly(const std::string& path) { m_readOnly.insert(path); }
     bool Has(const std::string& path) const;
+    std::string Content(const std::string& path) const;  // "" when there is no such file.
+    // Called before each line is read, with its number from 1; may let time pass, change files or throw.
+    std::function<void(std::size_t number)> beforeLine;
     std::string windowsFolder = "C:\\WINDOWS";
     std::string systemFolder = "C:\\WINDOWS\\system32";
     std::string temporaryFolder = "C:\\Temp\\";
@@ -46,8 +55,10 @@ private:
     static std::string Plain(const std::string& path);
     const Entry* Find(const std::string& path) const;
     void Erase(const std::string& path);
+    const Entry& FileAt(const std::string& path) const;
     CJournal& m_journal;
     std::vector<Entry> m_entries;
+    std::set<std::string> m_readOnly;
 };
 
 class CEnvironment final : public IEnvironment {

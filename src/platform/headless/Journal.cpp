@@ -6,6 +6,8 @@ namespace platform::headless {
 
 void CJournal::Enter(std::string call)
 {
+    if (!m_noting)
+        return;
     m_calls.push_back(std::move(call));
     const std::string& entered = m_calls.back();
     for (auto script = m_scripts.begin(); script != m_scripts.end(); ++script) {

@@ -20,6 +20,9 @@ public:
     std::string ReadText(const std::string& path) const override;
     void Delete(const std::string& path) override;
     void Rename(const std::string& from, const std::string& to) override;
+    std::unique_ptr<ILineReader> OpenLines(const std::string& path) const override;
+    // In UTF-8, whatever the encoding of the former content.
+    void WriteLine(const std::string& path, const std::string& text) override;
 };
 
 }

@@ -1,7 +1,9 @@
 #include "platform/linux/WholeFile.h"
+#include "platform/linux/Descriptor.h"
 #include <algorithm>
 #include <cerrno>
 #include <climits>
+#include <cstdint>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
@@ -13,24 +15,6 @@ namespace platform::linuxdesktop {
 namespace {
 constexpr std::size_t ReadAtOnce = 1 << 20;
 constexpr mode_t NewFileMode = 0644;
-
-class CDescriptor {
-public:
-    explicit CDescriptor(int descriptor) : m_descriptor(descriptor) {}
-    ~CDescriptor() { Close(); }
-    CDescriptor(const CDescriptor&) = delete;
-    CDescriptor& operator=(const CDescriptor&) = delete;
-    bool Open() const { return m_descriptor >= 0; }
-    int Get() const { return m_descriptor; }
-    bool Close()  // Network file systems tell only here that a write failed.
-    {
-        const int descriptor = std::exchange(m_descriptor, -1);
-        return descriptor < 0 || ::close(descriptor) == 0;
-    }
-
-private:
-    int m_descriptor;
-};
 
 // A new file beside its place, removed again unless it is put there.
 class CTemporaryName {
@@ -58,24 +42,31 @@ std::string BehindLinks(const std::string& path)
     return real ? real.get() : path;
 }
 
+// A file that nobody may write is not replaced either, nor one that this user may not write.
+int MayBeReplaced(const std::string& place)
+{
+    struct stat status = {};
+    if (::stat(place.c_str(), &status) != 0)
+        return errno == ENOENT ? 0 : errno;
+    if (S_ISDIR(status.st_mode))
+        return EISDIR;
+    if (!S_ISREG(status.st_mode) || (status.st_mode & 0222u) == 0 || ::access(place.c_str(), W_OK) != 0)
+        return EACCES;
+    return 0;
+}
+
+// A name beside the file that no file has, hidden and telling whose it is.
+std::string NameBeside(const std::string& place)
+{
+    static std::uint32_t number = 0;
+    const std::string name = std::filesystem::path(place).filename().string().substr(0, 200);
+    return FolderOf(place) + "/." + name + "." + std::to_string(::getpid()) + "-" + std::to_string(++number) + ".parlune";
+}
+
 mode_t ModeFor(const std::string& path)
 {
     struct stat status = {};
     return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 0777u : NewFileMode;
-}
-
-bool WriteAll(int descriptor, const char* bytes, std::size_t count)
-{
-    while (count > 0) {
-        const ssize_t written = ::write(descriptor, bytes, count);
-        if (written < 0 && errno == EINTR)
-            continue;
-        if (written <= 0)
-            return false;
-        bytes += written;
-        count -= static_cast<std::size_t>(written);
-    }
-    return true;
 }
 
 bool SyncPath(const std::string& path, int flags)
@@ -88,9 +79,8 @@ bool SyncPath(const std::string& path, int flags)
 int WriteNew(const char* name, const std::string& bytes, mode_t mode, Survives survives)
 {
     CDescriptor file(::open(name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
-    const bool written = file.Open() && WriteAll(file.Get(), bytes.data(), bytes.size()) &&
-                         ::fchmod(file.Get(), mode) == 0 && (survives == Survives::ProcessEnd || ::fsync(file.Get()) == 0) &&
-                         file.Close();
+    const bool written = file.Open() && WriteAll(file.Get(), bytes) && ::fchmod(file.Get(), mode) == 0 &&
+                         (survives == Survives::ProcessEnd || ::fsync(file.Get()) == 0) && file.Close();
     return written ? 0 : errno;
 }
 
@@ -182,6 +172,26 @@ int ReplaceWhole(const std::string& path, const std::string& bytes, Survives sur
         return errno;
     if (survives == Survives::PowerLoss)
         SyncPath(FolderOf(place), O_DIRECTORY);
+    return 0;
+}
+
+int ReplaceDocument(const std::string& path, std::string_view text, std::string_view end)
+{
+    if (HasZero(path))
+        return EINVAL;
+    const std::string place = BehindLinks(path);
+    if (const int error = MayBeReplaced(place))
+        return error;
+    const CTemporaryName complete(NameBeside(place));
+    // A new document gets the mode that the user's own mask leaves.
+    CDescriptor file(::open(complete.Name(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
+    struct stat former = {};
+    const bool existed = ::stat(place.c_str(), &former) == 0;
+    const bool written = file.Open() && (!existed || ::fchmod(file.Get(), former.st_mode & 07777u) == 0) &&
+                         WriteAll(file.Get(), text) && WriteAll(file.Get(), end) && ::fsync(file.Get()) == 0 && file.Close();
+    if (!written || ::rename(complete.Name(), place.c_str()) != 0)
+        return errno;
+    SyncPath(FolderOf(place), O_DIRECTORY);
     return 0;
 }
 

@@ -82,12 +82,13 @@ std::string WithLineEnds(std::string_view text, std::string_view lineEnd)
 
 bool HasOnlyCrLf(std::string_view text)
 {
-    for (std::size_t at = text.find_first_of("\r\n"); at != std::string_view::npos; at = text.find_first_of("\r\n", at)) {
-        if (!text.substr(at).starts_with("\r\n"))
+    std::size_t behind = 0;
+    for (std::size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', behind)) {
+        if (at == behind || text.substr(behind, at - behind).find('\r') != at - behind - 1)
             return false;
-        at += 2;
+        behind = at + 1;
     }
-    return true;
+    return text.find('\r', behind) == std::string_view::npos;
 }
 }
 
@@ -101,7 +102,8 @@ std::string WithLf(std::string text)
 std::string TextOfBytes(std::string bytes)
 {
     std::string text = Decoded(std::move(bytes));
-    text.erase(std::remove(text.begin(), text.end(), '\0'), text.end());
+    if (text.find('\0') != std::string::npos)
+        text.erase(std::remove(text.begin(), text.end(), '\0'), text.end());
     return WithCrLf(std::move(text));
 }
 

@@ -1,6 +1,7 @@
 #include "platform/text/Utf8.h"
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace platform::text {
 namespace {
@@ -73,13 +74,26 @@ Utf8Character CharacterAt(std::string_view text, std::size_t position)
     return IsCharacter(code) && NeedsBytes(code, bytes) ? Utf8Character{code, bytes, true} : invalid;
 }
 
+// How many bytes at the start are ASCII.
+static std::size_t LeadingAscii(std::string_view text)
+{
+    std::size_t count = 0;
+    for (std::uint64_t eight = 0; text.size() - count >= sizeof eight; count += sizeof eight) {
+        std::memcpy(&eight, text.data() + count, sizeof eight);
+        if ((eight & 0x8080808080808080u) != 0)
+            break;
+    }
+    while (count < text.size() && ByteAt(text, count) < 0x80)
+        ++count;
+    return count;
+}
+
 bool IsUtf8(std::string_view text)
 {
     for (std::size_t position = 0; position < text.size();) {
-        if (ByteAt(text, position) < 0x80) {
-            ++position;
-            continue;
-        }
+        position += LeadingAscii(text.substr(position));
+        if (position == text.size())
+            break;
         const Utf8Character character = CharacterAt(text, position);
         if (!character.valid)
             return false;

@@ -1,0 +1,19 @@
+#include "ui/EditorDocument.h"
+#include "common/ProgramState.h"
+#include "common/Version.h"
+#include "ui/frmParlune.h"
+
+namespace ui {
+
+EditorDocument& Document() { return common::StateOf<EditorDocument>(); }
+
+void ShowUnmodified(const std::string& file, const std::string& title)
+{
+    Document().currentFile = file;
+    Document().modified = false;
+    MainWindow().SetCaption(title);
+}
+
+void ShowUnmodifiedFile(const std::string& file) { ShowUnmodified(file, std::string(version::Title) + " - [" + file + "]"); }
+
+}

@@ -1,0 +1,240 @@
+#include "TemporaryHome.h"
+#include "platform/Failure.h"
+#include "platform/linux/LinuxFiles.h"
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace platform::linuxdesktop {
+namespace {
+struct TextFiles : testing::Test {
+    CTemporaryFolder folder;
+    CLinuxFiles files;
+
+    std::vector<std::string> Lines(const std::string& bytes)
+    {
+        folder.Write("a.txt", bytes);
+        const auto reader = files.OpenLines(folder.Path("a.txt"));
+        std::vector<std::string> lines;
+        for (std::string line; reader->AppendLine(line); line.clear())
+            lines.push_back(line);
+        return lines;
+    }
+    std::string Text(const std::string& bytes)
+    {
+        folder.Write("a.txt", bytes);
+        const auto reader = files.OpenLines(folder.Path("a.txt"));
+        std::string lines;
+        while (reader->AppendLine(lines))
+            lines += "\r\n";
+        return reader->Text(lines);
+    }
+    template <class Action> static std::int32_t FailureOf(Action action)
+    {
+        try {
+            action();
+        } catch (const CFailure& failure) {
+            return failure.Number();
+        }
+        return 0;
+    }
+    std::int32_t FailureOfOpening(const std::string& path)
+    {
+        return FailureOf([&] { files.OpenLines(path); });
+    }
+    std::int32_t FailureOfWriting(const std::string& path)
+    {
+        return FailureOf([&] { files.WriteLine(path, "new"); });
+    }
+    mode_t Mode(const std::string& name) const
+    {
+        struct stat status = {};
+        ::stat(folder.Path(name).c_str(), &status);
+        return status.st_mode & 07777u;
+    }
+};
+using Texts = std::vector<std::string>;
+}
+
+TEST_F(TextFiles, OpenLines_EveryKindOfLineEnd_EndsALine) { EXPECT_EQ(Lines("a\r\nb\nc\rd"), (Texts{"a", "b", "c", "d"})); }
+
+TEST_F(TextFiles, OpenLines_ALineEndAtTheEnd_BeginsNoFurtherLine)
+{
+    EXPECT_EQ(Lines("a\n"), Texts{"a"});
+    EXPECT_EQ(Lines("a\r"), Texts{"a"});
+    EXPECT_EQ(Lines("a\r\n"), Texts{"a"});
+}
+
+TEST_F(TextFiles, OpenLines_EmptyLines_AreLines) { EXPECT_EQ(Lines("\n\r\r\n\n"), (Texts{"", "", "", ""})); }
+
+TEST_F(TextFiles, OpenLines_AnEmptyFile_HasNoLine) { EXPECT_EQ(Lines(""), Texts{}); }
+
+TEST_F(TextFiles, OpenLines_ALineEndBetweenTwoPieces_IsOneLineEnd)
+{
+    const std::string line((1 << 20) - 1, 'x');
+    EXPECT_EQ(Lines(line + "\r\nb"), (Texts{line, "b"}));
+    EXPECT_EQ(Lines(line + "\r\n"), Texts{line});
+    EXPECT_EQ(Lines(line + "\rb"), (Texts{line, "b"}));
+    EXPECT_EQ(Lines(line + "\n\nb"), (Texts{line, "", "b"}));
+}
+
+TEST_F(TextFiles, OpenLines_ALineLongerThanAPiece_IsOneLine)
+{
+    const std::string line(3'000'000, 'x');
+    EXPECT_EQ(Lines(line + "\n" + line), (Texts{line, line}));
+}
+
+TEST_F(TextFiles, OpenLines_ManyLinesEndedByCarriageReturns_AreReadInNoTime)
+{
+    std::string bytes;
+    for (int line = 0; line < 2'000'000; ++line)
+        bytes += "\r";
+    EXPECT_EQ(Lines(bytes).size(), 2'000'000U);
+}
+
+TEST_F(TextFiles, Text_Utf8WithAndWithoutMark_IsTheSame)
+{
+    EXPECT_EQ(Text("Gr\xC3\xBC\xC3\x9F\x65\n"), "Gr\xC3\xBC\xC3\x9F\x65\r\n");
+    EXPECT_EQ(Text("\xEF\xBB\xBFGr\xC3\xBC\xC3\x9F\x65\n"), "Gr\xC3\xBC\xC3\x9F\x65\r\n");
+}
+
+TEST_F(TextFiles, Text_NotUtf8_IsWindows1252)
+{
+    EXPECT_EQ(Text("Gr\xFC\xDF\x65 \x80\n"), "Gr\xC3\xBC\xC3\x9F\x65 \xE2\x82\xAC\r\n");
+}
+
+TEST_F(TextFiles, Text_OneLateStrayByte_MakesTheWholeFileWindows1252)
+{
+    EXPECT_EQ(Text("\xC3\xBC\n\xFF\n"), "\xC3\x83\xC2\xBC\r\n\xC3\xBF\r\n");
+}
+
+TEST_F(TextFiles, Text_Utf16_IsRead)
+{
+    EXPECT_EQ(Text(std::string("\xFF\xFE"
+                               "a\0\n\0b\0\xFC\0",
+                               10)),
+              "a\r\nb\xC3\xBC\r\n");
+    EXPECT_EQ(Text(std::string("\xFE\xFF"
+                               "\0a\0\n\0b",
+                               8)),
+              "a\r\nb\r\n");
+}
+
+TEST_F(TextFiles, OpenLines_WhatIsNoReadableFile_FailsWithItsNumber)
+{
+    EXPECT_EQ(FailureOfOpening(folder.Path("none.txt")), 53);
+    EXPECT_EQ(FailureOfOpening(folder.Path("none/a.txt")), 76);
+    EXPECT_EQ(FailureOfOpening(folder.Path()), 75);
+    EXPECT_EQ(FailureOfOpening("/dev/null"), 75);
+    EXPECT_EQ(FailureOfOpening(std::string("a\0b", 3)), 52);
+    ::mkfifo(folder.Path("pipe").c_str(), 0600);
+    EXPECT_EQ(FailureOfOpening(folder.Path("pipe")), 75);
+}
+
+TEST_F(TextFiles, OpenLines_AFileThatGrowsMeanwhile_EndsWhereItsEndWasSeen)
+{
+    folder.Write("a.txt", "one\ntw");
+    const auto reader = files.OpenLines(folder.Path("a.txt"));
+    std::string lines;
+    EXPECT_TRUE(reader->AppendLine(lines));
+    EXPECT_TRUE(reader->AppendLine(lines));
+    folder.Write("a.txt", "one\ntwo\nthree\n");
+    EXPECT_FALSE(reader->AppendLine(lines));
+    EXPECT_EQ(lines, "onetw");
+}
+
+TEST_F(TextFiles, OpenLines_AFileThatVanishesMeanwhile_IsReadToItsEnd)
+{
+    folder.Write("a.txt", "one\ntwo\n");
+    const auto reader = files.OpenLines(folder.Path("a.txt"));
+    std::filesystem::remove(folder.Path("a.txt"));
+    std::string lines;
+    while (reader->AppendLine(lines)) {
+    }
+    EXPECT_EQ(lines, "onetwo");
+}
+
+TEST_F(TextFiles, WriteLine_ANewFile_HasTextAndLineBreak)
+{
+    files.WriteLine(folder.Path("a.txt"), "Gr\xC3\xBC\xC3\x9F\x65\r\nb");
+    EXPECT_EQ(folder.Read("a.txt"), "Gr\xC3\xBC\xC3\x9F\x65\r\nb\r\n");
+}
+
+TEST_F(TextFiles, WriteLine_ANewFile_HasTheModeThatTheUsersMaskLeaves)
+{
+    const mode_t former = ::umask(027);
+    files.WriteLine(folder.Path("a.txt"), "a");
+    ::umask(former);
+    EXPECT_EQ(Mode("a.txt"), 0640U);
+}
+
+TEST_F(TextFiles, WriteLine_AnExistingFile_IsReplacedAndKeepsItsMode)
+{
+    folder.Write("a.txt", "a former text that is longer");
+    ::chmod(folder.Path("a.txt").c_str(), 0751);
+    files.WriteLine(folder.Path("a.txt"), "new");
+    EXPECT_EQ(folder.Read("a.txt"), "new\r\n");
+    EXPECT_EQ(Mode("a.txt"), 0751U);
+}
+
+TEST_F(TextFiles, WriteLine_LeavesNothingElseInTheFolder)
+{
+    folder.Write("a.txt", "former");
+    folder.Write("a.txt.new", "the user's own");
+    files.WriteLine(folder.Path("a.txt"), "new");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 2);
+    EXPECT_EQ(folder.Read("a.txt.new"), "the user's own");
+}
+
+TEST_F(TextFiles, WriteLine_AReader_StillSeesTheFormerText)
+{
+    folder.Write("a.txt", "former");
+    const auto reader = files.OpenLines(folder.Path("a.txt"));
+    std::ifstream other(folder.Path("a.txt"));
+    files.WriteLine(folder.Path("a.txt"), "new");
+    std::string line;
+    std::getline(other, line);
+    EXPECT_EQ(line, "former");
+}
+
+TEST_F(TextFiles, WriteLine_ALink_StaysALink)
+{
+    folder.Write("real/a.txt", "former");
+    std::filesystem::create_symlink("real/a.txt", folder.Path("link.txt"));
+    files.WriteLine(folder.Path("link.txt"), "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.txt")));
+    EXPECT_EQ(folder.Read("real/a.txt"), "new\r\n");
+}
+
+TEST_F(TextFiles, WriteLine_AReadOnlyFile_FailsAndKeepsItsText)
+{
+    folder.Write("a.txt", "former");
+    ::chmod(folder.Path("a.txt").c_str(), 0444);
+    EXPECT_EQ(FailureOfWriting(folder.Path("a.txt")), 75);
+    EXPECT_EQ(folder.Read("a.txt"), "former");
+}
+
+TEST_F(TextFiles, WriteLine_WhereNoFileCanBe_FailsWithItsNumber)
+{
+    EXPECT_EQ(FailureOfWriting(folder.Path()), 75);
+    EXPECT_EQ(FailureOfWriting(folder.Path("none/a.txt")), 76);
+    EXPECT_EQ(FailureOfWriting("/dev/null"), 75);
+    EXPECT_EQ(FailureOfWriting("/dev/full"), 75);
+    EXPECT_EQ(FailureOfWriting(folder.Path(std::string(300, 'x'))), 52);
+    EXPECT_EQ(FailureOfWriting(std::string("a\0b", 3)), 52);
+}
+
+TEST_F(TextFiles, WriteLine_TheDiskIsFull_KeepsTheFormerText)
+{
+    folder.Write("a.txt", "former");
+    EXPECT_TRUE(SucceedsInChild([&] {
+        const rlimit little{4, 4};
+        ::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &little);
+        return FailureOfWriting(folder.Path("a.txt")) == 61;
+    }));
+    EXPECT_EQ(folder.Read("a.txt"), "former");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
+}
+
+}
