@@ -121,14 +121,16 @@ void CLinuxFiles::Rename(const std::string& from, const std::string& to)
         throw failure::FileExists();
     if (::rename(from.c_str(), to.c_str()) != 0)
         throw FailureOfError(errno, to);
-    std::unique_ptr<ILineReader> CLinuxFiles::OpenLines(const std::string& path) const
-    {
-        return std::make_unique<CLinuxLineReader>(path);
-    }
+}
 
-    void CLinuxFiles::WriteLine(const std::string& path, const std::string& text)
-    {
-        if (const int error = ReplaceDocument(path, text, "\r\n"))
-            throw FailureOfError(error, path);
-    }
+std::unique_ptr<ILineReader> CLinuxFiles::OpenLines(const std::string& path) const
+{
+    return std::make_unique<CLinuxLineReader>(path);
+}
+
+void CLinuxFiles::WriteLine(const std::string& path, const std::string& text)
+{
+    if (const int error = ReplaceDocument(path, text, "\r\n"))
+        throw FailureOfError(error, path);
+}
 }
