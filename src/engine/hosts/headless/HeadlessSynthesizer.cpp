@@ -96,7 +96,7 @@ UtteranceID CHeadlessSynthesizer::Synthesize(const std::string& modeId, std::vec
                                              std::function<void(SpeechChunk)> receive)
 {
     m_orders.push_back({modeId, segments, false});
-    const UtteranceID id = m_orders.size();
+    const UtteranceID id = m_forgotten + m_orders.size();
     if (silent)
         return id;
     m_jobs.push_back({id, Make(segments), std::move(receive)});
@@ -107,11 +107,18 @@ UtteranceID CHeadlessSynthesizer::Synthesize(const std::string& modeId, std::vec
 
 void CHeadlessSynthesizer::Cancel(UtteranceID utterance)
 {
-    (m_orders.begin() + static_cast<std::ptrdiff_t>(utterance) - 1)->cancelled = true;
+    if (utterance > m_forgotten)
+        m_orders[utterance - m_forgotten - 1].cancelled = true;
     m_jobs.erase(std::remove_if(m_jobs.begin(), m_jobs.end(), [&](const Job& job) { return job.id == utterance; }),
                  m_jobs.end());
     if (m_jobs.empty())
         m_timers.Cancel(std::exchange(m_timer, 0));
+}
+
+void CHeadlessSynthesizer::ForgetOrders()
+{
+    m_forgotten += m_orders.size();
+    m_orders.clear();
 }
 
 void CHeadlessSynthesizer::Deliver()

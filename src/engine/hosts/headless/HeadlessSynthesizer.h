@@ -28,6 +28,7 @@ public:
     };
     // Everything that was ordered, oldest first.
     const std::vector<Order>& Orders() const { return m_orders; }
+    void ForgetOrders();  // For tests that run for long.
 
     bool Available() const override { return available; }
     std::int32_t SampleRate() const override { return sampleRate; }
@@ -47,6 +48,7 @@ private:
 
     ITimers& m_timers;
     std::vector<Order> m_orders;
+    std::size_t m_forgotten = 0;
     std::deque<Job> m_jobs;
     TimerID m_timer = 0;
 };
