@@ -179,6 +179,25 @@ TEST_F(LinuxRegistry, Create_FileCannotBeRead_IsRefusedAndLeftAlone)
     EXPECT_TRUE(folder.Has("parlune/registry.txt/inside"));
 }
 
+TEST_F(LinuxRegistry, Assume_NothingStored_IsReadAndNotStored)
+{
+    const auto registry = Registry();
+    registry->Assume(Root::CurrentUser, OptionKey, "CharWidth", "0");
+
+    EXPECT_EQ(Get(*registry, "CharWidth"), WithNul("0"));
+    EXPECT_FALSE(folder.Has("parlune"));
+}
+
+TEST_F(LinuxRegistry, Assume_AnotherTextStored_TheStoredOneIsRead)
+{
+    const auto registry = Registry();
+    registry->Assume(Root::CurrentUser, OptionKey, "CharWidth", "0");
+    ASSERT_TRUE(Put(*registry, "CharWidth", "200"));
+
+    EXPECT_EQ(Get(*registry, "CharWidth"), WithNul("200"));
+    EXPECT_EQ(Get(*Registry(), "CharWidth"), WithNul("200"));
+}
+
 TEST_F(LinuxRegistry, Load_FileCutShort_IsCompletedFromTheBackupAndKeptAside)
 {
     folder.Write("parlune/registry.txt.bak", "# Parlune registry 1\n[CurrentUser\\Software\\Tarrowind\\Parlune]\n"

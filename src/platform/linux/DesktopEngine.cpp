@@ -26,13 +26,32 @@ private:
     std::vector<engine::Voice> m_voices;
 };
 
+// The user's characters. When none of them can be loaded, the program's own one stands in.
+class CCharacters final : public engine::ICharacterSource {
+public:
+    CCharacters(const std::string& users, const std::string& bundled) : m_users({users}), m_bundled({bundled}) {}
+    engine::CharacterRef Load(const std::string& file) override { return m_users.Load(file); }
+    engine::CharacterRef LoadDefault() override
+    {
+        try {
+            return m_users.LoadDefault();
+        } catch (const CFailure&) {
+            return m_bundled.LoadDefault();
+        }
+    }
+
+private:
+    engine::CCharacterFolders m_users;
+    engine::CCharacterFolders m_bundled;
+};
+
 class CDesktopEngine final : public IDesktopEngine, public ICharacterEngineFactory, public ISpeechEngines {
 public:
     explicit CDesktopEngine(const DesktopEngineOptions& options)
         : m_host(engine::CreateQtHost({.sound = options.sound,
                                        .settingsFile = std::make_shared<CEngineSettingsFile>(options.settingsFile),
                                        .loadedCharacters = std::make_shared<CLoadedCharacters>(options.loadedFolder)})),
-          m_characters({options.characterFolder})
+          m_characters(options.characterFolder, options.bundledFolder)
     {
         m_settings.user = std::make_shared<engine::CUserSettings>(m_host->SettingsFile());
         m_host->WarmUp();
@@ -53,7 +72,7 @@ public:
 
 private:
     std::unique_ptr<engine::IQtHost> m_host;
-    engine::CCharacterFolders m_characters;
+    CCharacters m_characters;
     engine::EngineSettings m_settings;
 };
 }

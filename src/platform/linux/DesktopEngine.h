@@ -17,8 +17,9 @@ public:
 struct DesktopEngineOptions {
     std::string sound;  // As in engine/hosts/qt/QtHost.h.
     std::string characterFolder;
-    std::string settingsFile;  // Where the engine keeps what the user has set for all characters.
-    std::string loadedFolder;  // Where programs note which characters they have loaded; "" for nowhere.
+    std::string bundledFolder;  // What stands in when none of those can be loaded.
+    std::string settingsFile;   // Where the engine keeps what the user has set for all characters.
+    std::string loadedFolder;   // Where programs note which characters they have loaded; "" for nowhere.
 };
 
 // Needs a QApplication, which must outlive it.

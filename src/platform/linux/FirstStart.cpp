@@ -6,7 +6,6 @@
 
 namespace platform::linuxdesktop {
 namespace {
-constexpr char OptionKey[] = "Software\\Tarrowind\\Parlune";
 constexpr std::array Greetings = {"Good {TimeOfDay}! It is nice to see you.", "Hello! Today is {Day}, and it is {Time}.",
                                   "Good {TimeOfDay}! Copy a text and double-click me, and I will read it to you.",
                                   "Hello again! I wish you a pleasant {Day}.",

@@ -35,6 +35,7 @@ CLinuxDesktop::CLinuxDesktop(const DesktopSettings& settings)
     : m_registry(RegistryFile(), CAutostart(AutostartFile(), ProgramFile())), m_environment(settings.commandLine),
       m_program([this] { FlushStores(); }), m_engine(CreateDesktopEngine({.sound = settings.sound,
                                                                           .characterFolder = CharacterFolder(m_files),
+                                                                          .bundledFolder = BundledCharacters(m_files),
                                                                           .settingsFile = EngineSettingsFile(),
                                                                           .loadedFolder = LoadedFolder()})),
       m_platform{.characterEngines = m_engine->Factory(),
@@ -69,6 +70,9 @@ void CLinuxDesktop::PrepareFirstStart()
     if (m_files.Kind(RegistryFile()) == EntryKind::None)
         SeedGreetings(m_registry);
     SeedCustomSize(m_registry);
+    // The same where nothing can be stored.
+    for (const char* side : {"CharWidth", "CharHeight"})
+        m_registry.Assume(Root::CurrentUser, OptionKey, side, "0");
 }
 
 }

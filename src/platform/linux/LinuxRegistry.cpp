@@ -160,7 +160,7 @@ std::unique_ptr<IRegistryKey> CLinuxRegistry::Open(Root root, std::string_view p
 {
     ReadAgainIfChanged();
     const auto normal = text::NormalPath(path);
-    if (!normal || !(IsEngineClass(root, *normal) || m_tree.HasKey(root, *normal)))
+    if (!normal || !(IsEngineClass(root, *normal) || m_tree.HasKey(root, *normal) || m_assumed.HasKey(root, *normal)))
         return nullptr;
     return std::make_unique<CKey>(*this, root, *normal);
 }
@@ -173,6 +173,12 @@ std::unique_ptr<IRegistryKey> CLinuxRegistry::Create(Root root, std::string_view
     if (!tree.CreateKey(root, path) || !Store(std::move(tree)))
         return nullptr;
     return Open(root, path);
+}
+
+void CLinuxRegistry::Assume(Root root, std::string_view path, const std::string& name, std::string value)
+{
+    if (m_assumed.CreateKey(root, path))
+        m_assumed.Set(root, path, name, std::move(value));
 }
 
 bool CLinuxRegistry::DeleteKey(Root root, std::string_view path)
@@ -193,6 +199,7 @@ std::optional<std::string> CLinuxRegistry::Bytes(Root root, const std::string& p
     if (IsEngineClass(root, path) && valueName.empty())
         return text::BytesOf(std::string(EngineClass));
     const text::RegistryData* data = m_tree.Find(root, path, valueName);
+    data = data ? data : m_assumed.Find(root, path, valueName);
     if (!data || (IsRunValue(root, path, name) && !m_autostart.IsOn()))
         return std::nullopt;
     return text::BytesOf(*data);
@@ -202,6 +209,8 @@ bool CLinuxRegistry::Set(Root root, const std::string& path, const ValueName& na
 {
     ReadAgainIfChanged();
     text::CRegistryTree tree = m_tree;
+    if (m_assumed.HasKey(root, path))
+        tree.CreateKey(root, path);
     if (IsEngineClass(root, path) || !tree.Set(root, path, name.value_or(""), std::move(data)))
         return false;
     return (!IsRunValue(root, path, name) || m_autostart.SwitchOn()) && Store(std::move(tree));

@@ -24,6 +24,9 @@ public:
     std::unique_ptr<IRegistryKey> Create(Root root, std::string_view path) override;
     bool DeleteKey(Root root, std::string_view path) override;
 
+    // A text that is read where none is stored; it never is stored itself.
+    void Assume(Root root, std::string_view path, const std::string& name, std::string value);
+
     bool Flush();  // True when everything is safely on the disk.
     // Called after every change that awaits a Flush.
     void OnChange(std::function<void()> changed) { m_changed = std::move(changed); }
@@ -51,6 +54,7 @@ private:
     std::string m_file;
     CAutostart m_autostart;
     text::CRegistryTree m_tree;
+    text::CRegistryTree m_assumed;
     Stamp m_stamp;
     bool m_readable = true;
     bool m_awaitsFlush = false;
