@@ -87,11 +87,8 @@ test_Start_HalfARegistryFile_KeepsWhatIsThere() {
 
 test_Start_DamagedSettingsFile_Starts() {
     desktop_start nosound
-    local folder
-    for folder in "$XDG_CONFIG_HOME/Parlune" "$XDG_CONFIG_HOME/parlune" "$XDG_CONFIG_HOME"; do
-        mkdir -p "$folder"
-        head -c 20000 /dev/urandom >"$folder/Parlune.ini"
-    done
+    mkdir -p "$(settings_folder)"
+    head -c 20000 /dev/urandom >"$(settings_folder)/Parlune.ini"
     companion_on_desktop
     expect "it ends well" parlune_end
 }

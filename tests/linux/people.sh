@@ -29,6 +29,8 @@ answer() {
     xdotool key "$1"
 }
 
+settings_folder() { echo "$XDG_CONFIG_HOME/Tarrowind/Parlune"; }
+
 # copy_text TEXT: as another program does it.
 copy_text() { printf '%s' "$1" | xclip -selection clipboard -i >/dev/null 2>&1; }
 

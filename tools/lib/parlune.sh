@@ -58,12 +58,17 @@ place_of() {
         /^ +Height/ { h = $NF } END { print w "x" h "+" x "+" y }'
 }
 
-# Two presses on the middle of the character.
-double_click_character() {
+# Moves the pointer to the middle of the character.
+point_at_character() {
     local place width height left top
     place=$(place_of "$(character_window)")
     IFS='x+' read -r width height left top <<<"$place"
-    xdotool mousemove $((left + width / 2)) $((top + height / 2)) click --repeat 2 --delay 60 1
+    xdotool mousemove $((left + width / 2)) $((top + height / 2))
+}
+
+double_click_character() {
+    point_at_character
+    xdotool click --repeat 2 --delay 60 1
 }
 
 # Nothing has been heard for a second: no stream of the program runs.
