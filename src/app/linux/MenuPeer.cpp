@@ -1,22 +1,10 @@
 #include "app/linux/MenuPeer.h"
-#include <algorithm>
 
 namespace {
-bool IsOffered(const ui::CMenuItem& item)
-{
-    return item.Visible() && !item.IsSeparator() && (item.onClick != nullptr || HasEntries(item));
-}
-
 QString CaptionOf(const ui::CMenuItem& item) { return QString::fromStdString(item.Caption()); }
 
-void AddEntry(QMenu& native, ui::CMenuItem& item)
+void AddCommand(QMenu& native, ui::CMenuItem& item)
 {
-    if (HasEntries(item)) {
-        QMenu* below = native.addMenu(CaptionOf(item));
-        below->setEnabled(item.Enabled());
-        MirrorMenu(*below, item);
-        return;
-    }
     QAction* action = native.addAction(CaptionOf(item));
     action->setEnabled(item.Enabled());
     action->setCheckable(item.Checked());
@@ -24,25 +12,27 @@ void AddEntry(QMenu& native, ui::CMenuItem& item)
     QObject::connect(action, &QAction::triggered, &native, [&item] { item.Click(); });
 }
 
+void AddEntry(QMenu& native, ui::CMenuItem& item)
+{
+    if (item.IsSeparator()) {
+        native.addSeparator();
+    } else if (item.Items().empty()) {
+        AddCommand(native, item);
+    } else {
+        QMenu* below = native.addMenu(CaptionOf(item));
+        below->setEnabled(item.Enabled());
+        MirrorMenu(*below, item);
+    }
+}
+
 void Fill(QMenu& native, const ui::CMenuItem& menu)
 {
     native.clear();
-    bool separatorDue = false;
-    for (ui::CMenuItem* item : menu.Items()) {
-        separatorDue = separatorDue || (item->IsSeparator() && item->Visible());
-        if (!IsOffered(*item))
-            continue;
-        if (separatorDue && !native.isEmpty())
-            native.addSeparator();
-        separatorDue = false;
-        AddEntry(native, *item);
-    }
+    qDeleteAll(native.findChildren<QMenu*>(Qt::FindDirectChildrenOnly));
+    for (ui::CMenuItem* item : menu.Items())
+        if (item->Visible())
+            AddEntry(native, *item);
 }
-}
-
-bool HasEntries(const ui::CMenuItem& menu)
-{
-    return std::any_of(menu.Items().begin(), menu.Items().end(), [](const ui::CMenuItem* item) { return IsOffered(*item); });
 }
 
 void MirrorMenu(QMenu& native, ui::CMenuItem& menu)

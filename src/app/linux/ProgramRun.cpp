@@ -1,6 +1,6 @@
 #include "app/linux/ProgramRun.h"
 #include "app/linux/MenuPeer.h"
-#include "app/linux/ProgramIcon.h"
+#include "app/linux/window/Pictures.h"
 #include "common/ProgramState.h"
 #include "common/zbErrorTrap.h"
 #include "startup/Wiring.h"
@@ -14,7 +14,8 @@ namespace {
 bool AnyFormLoaded() { return MainWindow().Loaded() || SplashWindow().Loaded(); }
 }
 
-CProgramRun::CProgramRun(platform::linuxdesktop::CLinuxDesktop& desktop) : m_desktop(desktop), m_icon(ProgramIcon())
+CProgramRun::CProgramRun(platform::linuxdesktop::CLinuxDesktop& desktop)
+    : m_desktop(desktop), m_icon(pictures::ProgramIcon())
 {
     QApplication::setWindowIcon(m_icon);
     common::RenewProgramState();
@@ -22,7 +23,7 @@ CProgramRun::CProgramRun(platform::linuxdesktop::CLinuxDesktop& desktop) : m_des
     const auto unloaded = [this] { QuitAfterLastWindow(); };
     m_mainWindow = std::make_unique<CMainWindowPeer>(
         MainWindow(), [this] { return m_desktop.TrayIcon().IsReachable(); }, unloaded);
-    m_splash = std::make_unique<CSplashPeer>(SplashWindow(), m_icon, unloaded);
+    m_splash = std::make_unique<CSplashPeer>(SplashWindow(), unloaded);
     WireTrayIcon();
     QObject::connect(qApp, &QGuiApplication::commitDataRequest, m_mainWindow.get(), [this] { EndSession(); });
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, m_mainWindow.get(),

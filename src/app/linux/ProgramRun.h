@@ -1,5 +1,6 @@
 #pragma once
-#include "app/linux/FormPeers.h"
+#include "app/linux/window/MainWindowPeer.h"
+#include "app/linux/window/SplashPeer.h"
 #include "platform/linux/LinuxDesktop.h"
 #include <memory>
 

@@ -1,11 +1,13 @@
 #pragma once
+#include "app/linux/window/FormMirror.h"
 #include "ui/frmParlune.h"
-#include "ui/frmSplash.h"
-#include <QLabel>
 #include <QMainWindow>
+#include <QTimer>
 #include <functional>
+#include <memory>
 
-// The native main window: mirrors caption, visibility and state, and reports what the user does with it.
+// The native main window: mirrors caption, visibility and state, and reports what the user does with it. Its inside is made
+// when it is first shown, for mostly it is not.
 class CMainWindowPeer final : public QMainWindow {
 public:
     // `canBeReached` tells whether the user could bring a hidden window back; when not, it is put into the task bar instead
@@ -14,31 +16,23 @@ public:
     ~CMainWindowPeer() override;
     void Mirror();
     void BringToFront();
+    const CFormMirror* Inside() const { return m_inside.get(); }  // Null until it is first shown.
 
 protected:
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
+    void ShowInTaskBar();
     void MirrorVisible();
+    void MirrorTimer();
+    void BuildInside();
     void AddMenus();
+    void FitScreen();
 
     frmParlune& m_form;
     std::function<bool()> m_canBeReached;
+    std::unique_ptr<CFormMirror> m_inside;
+    QTimer m_timer;
     bool m_mirroring = false;  // Changes are our own.
-};
-
-// The native splash window, in the middle of the screen; a click reaches the form.
-class CSplashPeer final : public QWidget {
-public:
-    CSplashPeer(frmSplash& form, const QIcon& icon, std::function<void()> unloaded);
-    ~CSplashPeer() override;
-    void Mirror();
-
-protected:
-    void mousePressEvent(QMouseEvent* event) override;
-
-private:
-    frmSplash& m_form;
-    QLabel* m_version;
 };
