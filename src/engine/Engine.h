@@ -18,6 +18,8 @@ public:
     virtual CharacterRef Load(const std::string& file) = 0;
     // The user's default character. Throws NoStandardCharacter when there is none.
     virtual CharacterRef LoadDefault() = 0;
+    // The files that the user can choose from, as Load takes them, in order of names. Not each need be a character.
+    virtual std::vector<std::string> Installed() = 0;
 };
 
 struct EngineSettings {

@@ -148,6 +148,14 @@ CharacterRef CCharacterFolders::LoadDefault()
     return first;
 }
 
+std::vector<std::string> CCharacterFolders::Installed()
+{
+    std::vector<std::string> names;
+    for (const fs::path& path : AllFiles())
+        names.push_back(TextOf(path.filename()));
+    return names;
+}
+
 // A text that is no path of this system names no file.
 fs::path CCharacterFolders::FindOrEmpty(const std::string& file) const
 {

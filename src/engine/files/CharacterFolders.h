@@ -20,6 +20,8 @@ public:
     // character) when nothing can be loaded.
     CharacterRef LoadDefault() override;
 
+    std::vector<std::string> Installed() override;
+
     void SetDefault(std::string name) { m_defaultName = std::move(name); }
 
 private:

@@ -1,5 +1,6 @@
 #include "engine/session/Control.h"
 #include "engine/session/CharacterObject.h"
+#include "engine/session/DefaultCharacter.h"
 #include "platform/Failure.h"
 #include <algorithm>
 
@@ -52,20 +53,7 @@ platform::RequestRef CCast::Load(const std::string& id, const std::optional<std:
     return request;
 }
 
-// The user's choice; what cannot be loaded any more is no choice.
-CharacterRef CCast::LoadDefault()
-{
-    const std::string& chosen = m_core.user->Now().defaultCharacter;
-    if (!chosen.empty()) {
-        try {
-            if (const CharacterRef character = m_source.Load(chosen))
-                return character;
-        } catch (const CFailure&) {
-            return m_source.LoadDefault();
-        }
-    }
-    return m_source.LoadDefault();
-}
+CharacterRef CCast::LoadDefault() { return LoadDefaultCharacter(m_source, m_core.user->Now().defaultCharacter); }
 
 void CCast::UserSettingsChanged(const UserSettings& before)
 {

@@ -1,5 +1,6 @@
 #include "platform/linux/DesktopEngine.h"
 #include "engine/files/CharacterFolders.h"
+#include "engine/hosts/qt/EngineWindows.h"
 #include "engine/hosts/qt/QtHost.h"
 #include "platform/Failure.h"
 #include "platform/linux/EngineSettingsFile.h"
@@ -54,6 +55,9 @@ public:
           m_characters(options.characterFolder, options.bundledFolder)
     {
         m_settings.user = std::make_shared<engine::CUserSettings>(m_host->SettingsFile());
+        m_windows = engine::CreateEngineWindows(*m_settings.user, m_characters, m_host->Timers());
+        m_settings.showPropertySheet = [this](bool visible) { m_windows->ShowPropertySheet(visible); };
+        m_settings.showDefaultCharacterProperties = [this] { m_windows->ShowDefaultCharacter(); };
         m_host->WarmUp();
     }
     ICharacterEngineFactory& Factory() override { return *this; }
@@ -74,6 +78,7 @@ private:
     std::unique_ptr<engine::IQtHost> m_host;
     CCharacters m_characters;
     engine::EngineSettings m_settings;
+    std::unique_ptr<engine::IEngineWindows> m_windows;
 };
 }
 

@@ -24,6 +24,13 @@ public:
             throw platform::CFailure(platform::engineError::NoStandardCharacter, "There is no standard character.");
         return standard;
     }
+    std::vector<std::string> Installed() override
+    {
+        std::vector<std::string> names;
+        for (const auto& [name, character] : files)
+            names.push_back(name);
+        return names;
+    }
 };
 
 }
