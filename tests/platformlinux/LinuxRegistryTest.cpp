@@ -154,6 +154,46 @@ TEST_F(LinuxRegistry, RunValue_HiddenByTheUser_ReadsAsAbsent)
     EXPECT_EQ(Get(*registry, "Parlune", RunKey), "(nothing)");
 }
 
+TEST_F(LinuxRegistry, RunValue_DeletedWhileHiddenByTheUser_KeepsTheUsersEntry)
+{
+    const auto registry = Registry();
+    const auto key = registry->Create(Root::CurrentUser, RunKey);
+    key->SetText("Parlune", "/opt/Parlune.exe");
+    folder.Write("autostart/parlune.desktop", folder.Read("autostart/parlune.desktop") + "Hidden=true\n");
+
+    EXPECT_TRUE(key->DeleteValue("Parlune"));
+    EXPECT_NE(folder.Read("autostart/parlune.desktop").find("Hidden=true"), std::string::npos);
+}
+
+TEST_F(LinuxRegistry, StartOption_EntryHiddenByTheUser_ReadsAsOff)
+{
+    const auto registry = Registry();
+    registry->Create(Root::CurrentUser, OptionKey)->SetText("StartWithWindows", "1");
+    registry->Create(Root::CurrentUser, RunKey)->SetText("Parlune", "/opt/Parlune.exe");
+    EXPECT_EQ(Get(*registry, "StartWithWindows"), WithNul("1"));
+
+    folder.Write("autostart/parlune.desktop", folder.Read("autostart/parlune.desktop") + "Hidden=true\n");
+    EXPECT_EQ(Get(*registry, "StartWithWindows"), WithNul("0"));
+}
+
+TEST_F(LinuxRegistry, StartOption_SwitchedOnAgainHere_ReadsAsStored)
+{
+    const auto registry = Registry();
+    registry->Create(Root::CurrentUser, OptionKey)->SetText("StartWithWindows", "1");
+    folder.Write("autostart/parlune.desktop", "[Desktop Entry]\nExec=parlune\nHidden=true\n");
+
+    registry->Create(Root::CurrentUser, RunKey)->SetText("Parlune", "/opt/Parlune.exe");
+    EXPECT_EQ(Get(*registry, "StartWithWindows"), WithNul("1"));
+}
+
+TEST_F(LinuxRegistry, StartOption_WithoutAnyEntry_ReadsAsStored)
+{
+    const auto registry = Registry();
+    registry->Create(Root::CurrentUser, OptionKey)->SetText("StartWithWindows", "1");
+
+    EXPECT_EQ(Get(*registry, "StartWithWindows"), WithNul("1"));
+}
+
 TEST_F(LinuxRegistry, RunValue_EntryCannotBeWritten_IsRefusedAndNotStored)
 {
     folder.Write("autostart", "a file in the folder's place");

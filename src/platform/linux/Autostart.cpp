@@ -15,12 +15,22 @@ bool CAutostart::IsOn() const
     return entry && text::IsAutostartOn(*entry);
 }
 
+bool CAutostart::IsSwitchedOffByUser() const
+{
+    int error = 0;
+    const auto entry = ReadWhole(m_file, error);
+    return entry && !text::IsAutostartOn(*entry);
+}
+
 bool CAutostart::SwitchOn()
 {
     return MakeUserFolders(std::filesystem::path(m_file).parent_path().string()) &&
            ReplaceWhole(m_file, text::AutostartEntry(m_program), Survives::PowerLoss) == 0;
 }
 
-bool CAutostart::SwitchOff() { return ::unlink(m_file.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR; }
+bool CAutostart::SwitchOff()
+{
+    return IsSwitchedOffByUser() || ::unlink(m_file.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR;
+}
 
 }

@@ -9,8 +9,10 @@ public:
     // `file` is the entry's path, `program` the full path of what it starts.
     CAutostart(std::string file, std::string program) : m_file(std::move(file)), m_program(std::move(program)) {}
     bool IsOn() const;  // False also when the user switched the entry off in the desktop's settings.
-    bool SwitchOn();    // Writes the entry; false when that is refused.
-    bool SwitchOff();   // Removes it; true when there is none afterwards.
+    // Whether there is an entry that the user switched off in the desktop's settings.
+    bool IsSwitchedOffByUser() const;
+    bool SwitchOn();   // Writes the entry; false when that is refused.
+    bool SwitchOff();  // Removes it, unless the user switched it off; true when nothing is started afterwards.
 
 private:
     std::string m_file;

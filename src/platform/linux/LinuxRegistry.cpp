@@ -15,6 +15,8 @@ constexpr char EngineClassKey[] = "Agent.Control.2\\CLSID";
 constexpr char EngineClass[] = "{D45FD31B-5C6E-11D1-9EC1-00C04FD7081F}";
 constexpr char RunKey[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Run";
 constexpr char RunValue[] = "Parlune";
+constexpr char OptionKey[] = "Software\\Tarrowind\\Parlune";
+constexpr char StartOption[] = "StartWithWindows";
 constexpr int MostDamagedFiles = 20;
 
 // The character engine is part of the program: its class answers as registered without being stored.
@@ -26,6 +28,12 @@ bool IsEngineClass(Root root, const std::string& path)
 bool IsRunValue(Root root, const std::string& path, const ValueName& name)
 {
     return root == Root::CurrentUser && name && text::SameName(*name, RunValue) && text::SameName(path, RunKey);
+}
+
+// The option that says whether the session starts the program.
+bool IsStartOption(Root root, const std::string& path, const std::string& name)
+{
+    return root == Root::CurrentUser && text::SameName(name, StartOption) && text::SameName(path, OptionKey);
 }
 
 class CKey final : public IRegistryKey {
@@ -198,6 +206,9 @@ std::optional<std::string> CLinuxRegistry::Bytes(Root root, const std::string& p
     const std::string valueName = name.value_or("");
     if (IsEngineClass(root, path) && valueName.empty())
         return text::BytesOf(std::string(EngineClass));
+    // What the user chose in the desktop's settings holds, and the options window shows it.
+    if (IsStartOption(root, path, valueName) && m_autostart.IsSwitchedOffByUser())
+        return text::BytesOf(std::string("0"));
     const text::RegistryData* data = m_tree.Find(root, path, valueName);
     data = data ? data : m_assumed.Find(root, path, valueName);
     if (!data || (IsRunValue(root, path, name) && !m_autostart.IsOn()))
