@@ -39,7 +39,6 @@ void AddBasics(Scripts& scripts)
 void AddComingAndGoing(Scripts& scripts)
 {
     CScript show("Show", Gone());
-    show.GoTo(1, 6, Ease::Even, Gone());
     show.GoTo(1, 6, Ease::Even, Bud(0.14)).GoTo(3, 6, Ease::Out, Bud(0.55)).Hold(4);
     show.Go(2, 6, Ease::Both, [](Pose& p) { p.stretch = -0.14; });
     show.Go(3, 6, Ease::Out, [](Pose& p) {
