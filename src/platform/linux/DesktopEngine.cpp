@@ -32,6 +32,7 @@ class CCharacters final : public engine::ICharacterSource {
 public:
     CCharacters(const std::string& users, const std::string& bundled) : m_users({users}), m_bundled({bundled}) {}
     engine::CharacterRef Load(const std::string& file) override { return m_users.Load(file); }
+    std::vector<std::string> Installed() override { return m_users.Installed(); }
     engine::CharacterRef LoadDefault() override
     {
         try {
