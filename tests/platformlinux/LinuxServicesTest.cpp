@@ -12,6 +12,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLineEdit>
 #include <QMessageBox>
@@ -51,6 +52,14 @@ bool RunUntil(const std::function<bool()>& holds)
     }
     return false;
 }
+
+void RunFor(int milliseconds)
+{
+    CLinuxEventPump pump;
+    QElapsedTimer time;
+    for (time.start(); time.elapsed() < milliseconds;)
+        pump.WaitForEvents(static_cast<int>(milliseconds - time.elapsed()));
+}
 }
 
 TEST(LinuxClipboard, Text_AnyLineEnds_AreCrLf)
@@ -84,14 +93,69 @@ TEST(LinuxClipboard, Watch_LaterChanges_AreToldOnceEach)
     int former = 0, changes = 0;
     clipboard.Watch([&] { ++former; });
     clipboard.Watch([&] { ++changes; });
+    RunFor(50);
     EXPECT_EQ(changes, 0);
     PutText("one");
+    EXPECT_EQ(changes, 0);
+    EXPECT_TRUE(RunUntil([&] { return changes == 1; }));
     PutText("one");
+    EXPECT_TRUE(RunUntil([&] { return changes == 2; }));
+    RunFor(250);
     EXPECT_EQ(changes, 2);
     EXPECT_EQ(former, 0);
+}
+
+TEST(LinuxClipboard, Watch_ManyChangesAtOnce_AreToldOnceAndTheLastOneIsThere)
+{
+    CLinuxClipboard clipboard;
+    std::vector<std::string> texts;
+    clipboard.Watch([&] { texts.push_back(clipboard.Text()); });
+    for (int number = 1; number <= 1000; ++number)
+        PutText(QString::number(number));
+    RunFor(300);
+    EXPECT_EQ(texts, (std::vector<std::string>{"1000"}));
+}
+
+// A thousand copies in a second cost some ten calls, and the one that stays is among them.
+TEST(LinuxClipboard, Watch_AFlood_IsToldTenTimesASecondAtMost)
+{
+    CLinuxClipboard clipboard;
+    std::vector<std::string> texts;
+    clipboard.Watch([&] { texts.push_back(clipboard.Text()); });
+    QElapsedTimer time;
+    time.start();
+    for (int number = 1; number <= 1000; ++number) {
+        PutText(QString::number(number));
+        RunFor(1);
+    }
+    const auto most = static_cast<std::size_t>(time.elapsed() / 100 + 3);
+    RunFor(300);
+    EXPECT_LE(texts.size(), most);
+    EXPECT_GE(texts.size(), 3u);
+    EXPECT_EQ(texts.back(), "1000");
+}
+
+TEST(LinuxClipboard, StopWatching_BeforeAChangeIsTold_TellsNothing)
+{
+    CLinuxClipboard clipboard;
+    int changes = 0;
+    clipboard.Watch([&] { ++changes; });
+    PutText("one");
     clipboard.StopWatching();
     PutText("two");
-    EXPECT_EQ(changes, 2);
+    RunFor(250);
+    EXPECT_EQ(changes, 0);
+}
+
+TEST(LinuxClipboard, Watch_FromTheEndOfAnother_DoesNotTellTheChangesBefore)
+{
+    CLinuxClipboard clipboard;
+    int changes = 0;
+    clipboard.Watch([] {});
+    PutText("one");
+    clipboard.Watch([&] { ++changes; });
+    RunFor(250);
+    EXPECT_EQ(changes, 0);
 }
 
 TEST(LinuxClipboard, StopWatching_FromTheCallItself_IsSafe)
@@ -103,9 +167,30 @@ TEST(LinuxClipboard, StopWatching_FromTheCallItself_IsSafe)
         ++changes;
     });
     PutText("one");
+    EXPECT_TRUE(RunUntil([&] { return changes == 1; }));
     PutText("two");
+    RunFor(250);
     EXPECT_EQ(changes, 1);
 }
+
+TEST(LinuxClipboard, IsSecret_MarkedByAPasswordManager_IsTrue)
+{
+    const auto put = [](const char* hint) {
+        auto* content = new QMimeData;
+        content->setText("hunter2");
+        content->setData("x-kde-passwordManagerHint", hint);
+        QGuiApplication::clipboard()->setMimeData(content);
+        return CLinuxClipboard().IsSecret();
+    };
+    EXPECT_TRUE(put("secret"));
+    EXPECT_FALSE(put("public"));
+    EXPECT_FALSE(put(""));
+    EXPECT_EQ(CLinuxClipboard().Text(), "hunter2");
+    PutText("open");
+    EXPECT_FALSE(CLinuxClipboard().IsSecret());
+}
+
+TEST(LinuxClipboard, CanWatch_WithoutAnXServer_IsFalse) { EXPECT_FALSE(CLinuxClipboard().CanWatch()); }
 
 TEST(LinuxMessageBoxes, Show_Text_IsPlainSelectableAndTitled)
 {

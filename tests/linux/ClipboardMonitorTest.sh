@@ -1,0 +1,71 @@
+# The clipboard monitor beside other programs that copy.
+# shellcheck shell=bash
+
+watching_companion() {
+    desktop_start nosound
+    put_option MonitorClipboard 1
+    companion_on_desktop
+    expect_not "it is silent at first" balloon_visible
+}
+
+# Another start asks the running program to come to the front: it answers from its event loop.
+answers_within() {
+    local begun took
+    begun=$(date +%s%N)
+    "$program" >/dev/null 2>&1 || return
+    took=$((($(date +%s%N) - begun) / 1000000))
+    echo "the answer took $took ms"
+    [ $took -le "$1" ]
+}
+
+# A copy whose owner is known as `owner`.
+copy_and_stay() {
+    printf '%s' "$1" >"$desktop/copy.txt"
+    xclip -quiet -selection clipboard -i "$desktop/copy.txt" >/dev/null 2>&1 &
+    owner=$!
+    desktop_pids+=("$owner")
+    sleep 0.5
+}
+
+test_Monitor_OfWhatWasThereBefore_ReadsNothing() {
+    desktop_start nosound
+    copy_text "$short_text"
+    put_option MonitorClipboard 1
+    companion_on_desktop
+    expect_not "nothing is read" wait_until 2 balloon_visible
+    expect "it ends well" parlune_end
+}
+
+test_Monitor_OfThePrimarySelection_ReadsNothing() {
+    watching_companion
+    printf '%s' "$short_text" | xclip -selection primary -i >/dev/null 2>&1
+    expect_not "nothing is read" wait_until 2 balloon_visible
+    expect "it ends well" parlune_end
+}
+
+test_Monitor_OfAFrozenOwner_KeepsTheProgramAlive() {
+    watching_companion
+    copy_and_stay "$short_text"
+    expect_within 3 "its copy is read" balloon_visible
+    expect_within 20 "and is over" no_balloon
+    kill -STOP "$owner"
+    double_click_character # Reads the clipboard.
+    sleep 0.2
+    expect "the program answers while the owner is frozen" answers_within 2000
+    expect_not "nothing is read" balloon_visible
+    kill -CONT "$owner"
+    expect "it ends well" parlune_end
+}
+
+test_Monitor_OfAFlood_DoesNotStallTheProgram() {
+    watching_companion
+    (for i in $(seq 1 300); do printf 'copy number %s' "$i" | xclip -selection clipboard -i >/dev/null 2>&1; done) &
+    local flood=$!
+    sleep 0.3
+    expect "the program answers during the flood" answers_within 2000
+    wait "$flood"
+    expect "the program answers after it" answers_within 2000
+    copy_text "the last one"
+    expect_within 10 "a balloon comes" balloon_visible
+    expect "it ends well" parlune_end
+}
