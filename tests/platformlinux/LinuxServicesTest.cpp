@@ -86,6 +86,31 @@ TEST(LinuxClipboard, HasText_FormattedTextOnly_IsFalse)
     EXPECT_FALSE(CLinuxClipboard().HasText());
 }
 
+TEST(LinuxClipboard, IsSecret_CopyMarkedByAPasswordManager_IsTrueAndTheTextIsThere)
+{
+    auto* content = new QMimeData;
+    content->setText("my password");
+    content->setData("x-kde-passwordManagerHint", "secret");
+    QGuiApplication::clipboard()->setMimeData(content);
+
+    EXPECT_TRUE(CLinuxClipboard().IsSecret());
+    EXPECT_EQ(CLinuxClipboard().Text(), "my password");
+}
+
+TEST(LinuxClipboard, IsSecret_CopyMarkedAsPublicOrNotAtAll_IsFalse)
+{
+    auto* content = new QMimeData;
+    content->setText("a text");
+    content->setData("x-kde-passwordManagerHint", "public");
+    QGuiApplication::clipboard()->setMimeData(content);
+    EXPECT_FALSE(CLinuxClipboard().IsSecret());
+
+    QGuiApplication::clipboard()->setText("a text");
+    EXPECT_FALSE(CLinuxClipboard().IsSecret());
+}
+
+TEST(LinuxClipboard, CanWatch_OffScreen_IsFalse) { EXPECT_FALSE(CLinuxClipboard().CanWatch()); }
+
 TEST(LinuxClipboard, Watch_LaterChanges_AreToldOnceEach)
 {
     PutText("before");

@@ -33,6 +33,7 @@ protected:
         window.cboChr.Add("Monotone");
         window.cboChr.Add("Whisper");
         window.cboChr.SetIndex(1);
+        window.cboCtx.Add("Email");
         window.chkAdvSpkTags[0].SetValue(1);
         window.chkAdvSpkTags[1].SetValue(1);
         window.sldAdvSpeak[0].SetValue(150);
@@ -183,6 +184,21 @@ TEST_F(VoiceTab, Record_HoldsSixFields)
     EXPECT_EQ(voiceModifiers::Record(), "11010,150,100,40000,1,-1");
 }
 
+TEST_F(VoiceTab, Record_EndsWithTheIndexesOfBothLists)
+{
+    for (const char* entry : {"Monotone", "Whisper", "Email"}) {
+        window.cboChr.Add(entry);
+        window.cboCtx.Add(entry);
+    }
+    window.chkAdvSpkTags[0].SetValue(1);
+    window.chkAdvSpkTags[1].SetValue(1);
+    window.cboChr.SetIndex(0);
+    window.cboCtx.SetIndex(2);
+    window.chkAdvSpkTags[3].SetValue(0);
+    window.chkAdvSpkTags[4].SetValue(0);
+    EXPECT_EQ(voiceModifiers::Record(), "11000,100,150,32767,0,2");
+}
+
 TEST_F(VoiceTab, Record_OfATickWithAnotherValue_IsStillADigit)
 {
     window.chkAdvSpkTags[4].SetValue(2);
@@ -222,6 +238,7 @@ TEST_F(VoiceTab, cmdTTSVoice_Click_ResetOfModifiers_ShowsTheCharactersOwnVoice)
     Loaded().pitch = 120;
     Loaded().speed = 170;
     UseModifiers();
+    window.cboCtx.SetIndex(0);
     Press(ResetButton);
     EXPECT_EQ(voiceModifiers::Record(), "00000,120,170,32767,-1,-1");
     EXPECT_EQ(window.lblAdvSpeak[0].Caption(), "120");
