@@ -77,7 +77,7 @@ TEST_F(PopupMenu, ReadWord_WhenWordDoesNotRun_SaysSo)
 TEST_F(PopupMenu, ReadExcelSelection_ReadsTheCells)
 {
     LoadMerlin();
-    desktop.office.excel.emplace().rows = {{"12"}};
+    desktop.office.excel = {true, {{"12"}}};
     mnuPopReadExcelSelection_Click();
     EXPECT_EQ(desktop.engine.Spoken(), Texts{"12"});
 }
@@ -85,7 +85,7 @@ TEST_F(PopupMenu, ReadExcelSelection_ReadsTheCells)
 TEST_F(PopupMenu, ReadExcelSelection_OfAnEmptyCell_StillPlaysTheReading)
 {
     LoadMerlin();
-    desktop.office.excel.emplace().rows = {{""}};
+    desktop.office.excel = {true, {{""}}};
     mnuPopReadExcelSelection_Click();
     EXPECT_EQ(EngineCalls(), (Texts{"Character.Play Read", "Character.Play ReadReturn"}));
 }
