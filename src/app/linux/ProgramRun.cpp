@@ -8,6 +8,7 @@
 #include "ui/frmSplash.h"
 #include "ui/frmSysTray.h"
 #include <QApplication>
+#include <QCursor>
 #include <QTimer>
 
 namespace {
@@ -41,6 +42,9 @@ CProgramRun::~CProgramRun()
 void CProgramRun::WireTrayIcon()
 {
     auto& trayIcon = m_desktop.TrayIcon();
+    ui::CForm::Peer owner;  // It is never shown: there is nothing to mirror.
+    owner.popUpMenu = [](ui::CMenuItem& menu) { PopUpMenu(menu, QCursor::pos()); };
+    TrayWindow().SetPeer(std::move(owner));
     trayIcon.SetIcon(m_icon);
     trayIcon.OnReachableChange([this] { m_mainWindow->Mirror(); });
     MirrorMenu(trayIcon.Menu(), MainWindow().mnuPopup);

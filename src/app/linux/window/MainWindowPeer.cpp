@@ -1,5 +1,6 @@
 #include "app/linux/window/MainWindowPeer.h"
 #include "app/linux/MenuPeer.h"
+#include "app/linux/window/BareSurface.h"
 #include "app/linux/window/Clickable.h"
 #include <QCloseEvent>
 #include <QCursor>
@@ -97,7 +98,7 @@ void CMainWindowPeer::BuildInside()
     if (m_inside)
         return;
     DescribeClickables();
-    auto* surface = new QWidget;
+    auto* surface = new CBareSurface(m_form);
     setCentralWidget(surface);
     AddMenus();
     m_inside = std::make_unique<CFormMirror>(m_form, ui::layout::MainWindowLayout(), *surface);
