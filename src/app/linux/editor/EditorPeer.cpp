@@ -1,39 +1,21 @@
 #include "app/linux/editor/EditorPeer.h"
-#include <QPlainTextEdit>
-#include <QScopedValueRollback>
-#include <QTextDocumentFragment>
+#include "app/linux/editor/EditorView.h"
+#include "platform/text/Encoding.h"
 #include <QVBoxLayout>
 
-namespace {
-QString ForWidget(const std::string& text) { return QString::fromStdString(text).replace("\r\n", "\n"); }
-std::string ForBox(QString text) { return text.replace("\n", "\r\n").toStdString(); }
-}
-
-CEditorPeer::CEditorPeer(ui::CTextBox& box, QWidget* parent) : QWidget(parent), m_box(box), m_edit(new QPlainTextEdit(this))
+CEditorPeer::CEditorPeer(ui::CTextBox& box, QWidget* parent) : QWidget(parent), m_box(box), m_view(new CEditorView(this))
 {
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->addWidget(m_edit);
-    setFocusProxy(m_edit);
-    m_edit->setAccessibleName("Text");
-    connect(m_edit, &QPlainTextEdit::textChanged, this, [this] {
-        if (!m_putting)
-            m_box.Edited();
-    });
-    ui::CTextBox::Keeper keeper;
-    keeper.put = [this](const std::string& text) {
-        const QScopedValueRollback putting(m_putting, true);
-        m_edit->setPlainText(ForWidget(text));
+    column->addWidget(m_view);
+    setFocusProxy(m_view);
+    m_view->setAccessibleName("Text");
+    m_view->onEdited = [this] { m_box.Edited(); };
+    m_view->onFileDropped = [this](const std::string& path) {
+        if (onFileDropped)
+            onFileDropped(path);
     };
-    keeper.text = [this] { return ForBox(m_edit->toPlainText()); };
-    keeper.isEmpty = [this] { return m_edit->document()->isEmpty(); };
-    keeper.select = [](ui::TextSelection) {};
-    keeper.selection = [this] {
-        return ui::TextSelection{m_edit->textCursor().selectionStart(),
-                                 m_edit->textCursor().selectionEnd() - m_edit->textCursor().selectionStart()};
-    };
-    keeper.selectedText = [this] { return ForBox(m_edit->textCursor().selection().toPlainText()); };
-    m_box.SetKeeper(std::move(keeper));
+    m_box.SetKeeper(Keeper());
     m_box.SetPeer([this] { Mirror(); });
     Mirror();
 }
@@ -44,4 +26,26 @@ CEditorPeer::~CEditorPeer()
     m_box.SetKeeper({});
 }
 
-void CEditorPeer::Mirror() { setEnabled(m_box.Enabled()); }
+ui::CTextBox::Keeper CEditorPeer::Keeper()
+{
+    ui::CTextBox::Keeper keeper;
+    keeper.put = [this](std::string text) { m_view->SetText(platform::text::WithCrLf(std::move(text))); };
+    keeper.text = [this] { return m_view->Text().Buffer().Text(0, m_view->Text().Buffer().Size()); };
+    keeper.isEmpty = [this] { return m_view->Text().Buffer().Size() == 0; };
+    keeper.select = [this](ui::TextSelection selection) {
+        const auto place = [&](std::int32_t character) {
+            return m_view->Text().Buffer().PositionOfCharacter(static_cast<std::size_t>(std::max(0, character)));
+        };
+        m_view->Select(place(selection.start), place(selection.start + selection.length));
+    };
+    keeper.selection = [this] {
+        const CTextBuffer& buffer = m_view->Text().Buffer();
+        const auto begin = static_cast<std::int32_t>(buffer.CharactersBefore(m_view->Text().SelectionBegin()));
+        const auto end = static_cast<std::int32_t>(buffer.CharactersBefore(m_view->Text().SelectionEnd()));
+        return ui::TextSelection{begin, end - begin};
+    };
+    keeper.selectedText = [this] { return m_view->Text().SelectedText(); };
+    return keeper;
+}
+
+void CEditorPeer::Mirror() { m_view->setEnabled(m_box.Enabled()); }

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-class QPlainTextEdit;
+class CEditorView;
 
 // The native editor of a text box: keeps the text in the box's place and reports what the user does.
 class CEditorPeer final : public QWidget {
@@ -13,12 +13,13 @@ public:
     explicit CEditorPeer(ui::CTextBox& box, QWidget* parent = nullptr);
     ~CEditorPeer() override;
 
+    CEditorView& View() { return *m_view; }
     // Called with the path of a text file that the user drops here.
     std::function<void(const std::string& path)> onFileDropped;
 
 private:
+    ui::CTextBox::Keeper Keeper();
     void Mirror();
     ui::CTextBox& m_box;
-    QPlainTextEdit* m_edit;
-    bool m_putting = false;
+    CEditorView* m_view;
 };
