@@ -41,7 +41,6 @@ public:
             return m_bundled.LoadDefault();
         }
     }
-    std::vector<std::string> Installed() override { return m_users.Installed(); }
 
 private:
     engine::CCharacterFolders m_users;
