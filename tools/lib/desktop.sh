@@ -35,19 +35,33 @@ desktop_start() {
     desktop_server bus dbus-daemon --session --nofork --nopidfile --address="unix:path=$desktop/runtime/bus"
     export DBUS_SESSION_BUS_ADDRESS=unix:path=$desktop/runtime/bus
     desktop_server openbox openbox --config-file "$root/tools/lib/openbox.xml"
-    wait_until 10 test -S "$desktop/runtime/bus" || fail "The session bus did not start: $(cat "$desktop/bus.log")"
-    wait_until 10 window_manager_runs || fail "The window manager did not start: $(cat "$desktop/openbox.log")"
+    wait_until 30 test -S "$desktop/runtime/bus" || fail "The session bus did not start: $(cat "$desktop/bus.log")"
+    wait_until 30 window_manager_runs || fail "The window manager did not start: $(cat "$desktop/openbox.log")"
     [ "${1:-}" = nosound ] || desktop_start_sound
 }
 
+# Servers that start at the same moment may choose the same number; all but one then end. Without noreset the server would
+# begin anew when its first client, a short question, leaves, and turn away whoever comes at that moment.
 desktop_start_display() {
     mkfifo "$desktop/display"
     exec 7<>"$desktop/display"
-    desktop_server xvfb Xvfb -displayfd 7 -screen 0 1280x800x24 -dpi 96 -nolisten tcp
-    local number=
-    read -r -t 20 number <&7 || fail "The X server did not start: $(cat "$desktop/xvfb.log")"
+    local number='' attempt
+    for attempt in 1 2 3; do
+        desktop_server xvfb Xvfb -displayfd 7 -screen 0 1280x800x24 -dpi 96 -nolisten tcp -noreset
+        wait_for_display && break
+    done
     exec 7>&-
+    [ -n "$number" ] || fail "The X server did not start, attempt $attempt: $(cat "$desktop/xvfb.log")"
     export DISPLAY=:$number
+}
+
+wait_for_display() {
+    local i
+    for ((i = 0; i < 60; i++)); do
+        read -r -t 1 number <&7 && return
+        has_ended "${desktop_pids[-1]}" && return 1
+    done
+    return 1
 }
 
 window_manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
@@ -63,7 +77,7 @@ desktop_start_sound() {
         -L "module-native-protocol-unix" \
         -L "module-null-sink sink_name=null rate=22050 channels=1 norewinds=1"
     desktop_sound_pid=${desktop_pids[-1]}
-    wait_until 10 pactl info || fail "The sound server did not start: $(cat "$desktop/pulseaudio.log")"
+    wait_until 30 pactl info || fail "The sound server did not start: $(cat "$desktop/pulseaudio.log")"
 }
 
 # Ends all servers, newest first, and removes the folder.
