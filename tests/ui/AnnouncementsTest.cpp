@@ -324,6 +324,24 @@ TEST_F(Announcements, Timer_WhenTheClockFails_IsReportedAndTriesAgain)
     EXPECT_EQ(Announced(), Texts{"10:15"});
 }
 
+TEST_F(Announcements, Timer_WhenACallFails_IsReportedByWhoMadeIt)
+{
+    support::FailEachCallAndExpect(
+        {{"Clock.Now", "Parlune:Timer"},
+         {"Character.Visible", ""},
+         {"Character.Speak", "bParlune:CharSpeak"},
+         {"", "Parlune:SayTime"}},
+        [](CHeadlessDesktop& each) {
+            support::LoadCharacter(each, "Merlin");
+            each.engine.loaded->visible = true;
+            each.clock.Set(2026, 11, 20, 10, 30);
+            MainWindow().chkSayTime.SetValue(1);
+            MainWindow().cboSayTimeInterval.SetText("30");
+            MainWindow().cboSayTime.SetText("Hello");
+        },
+        [](CHeadlessDesktop&) { announcements::tmrTimer_Timer(); });
+}
+
 // The announcement.
 
 TEST_F(Announcements, SayTime_SpeaksTheSentenceWithoutItsOuterBlanks)

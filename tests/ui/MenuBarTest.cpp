@@ -44,6 +44,17 @@ TEST_F(MenuBar, DownloadTTSEngines_OpensTheSpeechEnginesPage)
     EXPECT_EQ(desktop.shell.opened[0].file, "https://parlune.example/speech-engines");
 }
 
+TEST_F(MenuBar, Download_WhenACallFails_TellsAtMostThatThePageCannotBeOpened)
+{
+    support::FailEachCall([](CHeadlessDesktop&) {}, [](CHeadlessDesktop&) { menuBar::mnuDownloadCharacters_Click(); },
+                          [](const support::FailedRun& run) {
+                              support::ExpectReport(run, {{"Events.", "bShellEx:ShellEx"}, {"", ""}});
+                              if (run.FailedIn("Shell.Open")) {
+                                  EXPECT_EQ(run.desktop.messageBoxes.Last().Line(2), "https://parlune.example/characters");
+                              }
+                          });
+}
+
 TEST_F(MenuBar, About_SelectsTheSeventhTab)
 {
     menuBar::frmHelpAbout_Click();

@@ -287,6 +287,23 @@ TEST_F(PopupMenu, Hide_WhenTheEngineDoesNotTellOfOtherPrograms_Unloads)
     EXPECT_FALSE(State().loaded);
 }
 
+// Showing tries a second time, so that one failure of the engine is never told.
+TEST_F(PopupMenu, Show_WhenACallFails_IsSilentAndTheMenuFollows)
+{
+    support::FailEachCall(
+        [](CHeadlessDesktop& each) {
+            support::LoadCharacter(each, "Merlin");
+            MainWindow().mnuPopHide.SetCaption("&Show");
+            MainWindow().mnuPopCharStop.SetVisible(false);
+        },
+        [](CHeadlessDesktop&) { mnuPopHide_Click(); },
+        [](const support::FailedRun& run) {
+            EXPECT_EQ(run.Reports(), Texts{});
+            EXPECT_EQ(MainWindow().mnuPopHide.Caption(), "&Hide");
+            EXPECT_TRUE(MainWindow().mnuPopCharStop.Visible());
+        });
+}
+
 // Skip, pause and stop.
 
 TEST_F(PopupMenu, Skip_EndsTheSkipTargetOnly)
