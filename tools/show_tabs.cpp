@@ -12,6 +12,8 @@ QPalette DarkPalette()
     dark.setColor(QPalette::Link, QColor(0x6c, 0xb8, 0xff));
     dark.setColor(QPalette::LinkVisited, QColor(0xc5, 0xa0, 0xff));
     dark.setColor(QPalette::Highlight, QColor(0x2f, 0x8f, 0x93));
+    for (const QPalette::ColorRole role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+        dark.setColor(QPalette::Disabled, role, QColor(0x84, 0x88, 0x90));
     return dark;
 }
 

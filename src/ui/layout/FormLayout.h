@@ -53,11 +53,13 @@ struct Row {
     std::string_view spoken = {};  // What a screen reader says for a control without caption and label.
     std::string_view picture = {};
     Growth growth = Growth::None;
-    bool movesDown = false;  // Stays at the lower edge when its holder grows.
+    std::string_view covers = {};  // The control whose place below it takes while that is invisible.
+    bool movesDown = false;        // Stays at the lower edge when its holder grows.
 
     constexpr Row Names(std::string_view named) const { return With(&Row::names, named); }
     constexpr Row Spoken(std::string_view text) const { return With(&Row::spoken, text); }
     constexpr Row Shows(std::string_view name) const { return With(&Row::picture, name); }
+    constexpr Row Covers(std::string_view below) const { return With(&Row::covers, below); }
     constexpr Row Grows(Growth direction) const { return With(&Row::growth, direction); }
     constexpr Row MovesDown() const { return With(&Row::movesDown, true); }
 

@@ -5,11 +5,13 @@
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QToolBar>
+#include <algorithm>
 
 namespace {
 using ui::layout::Kind;
 
 constexpr int TextIndent = 6;
+constexpr int LeastIcon = 22;
 
 QString FromView(std::string_view text) { return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())); }
 
@@ -31,6 +33,8 @@ class CToolBarPeer final : public CPeerOf<ui::CToolBar, QToolBar> {
 public:
     CToolBarPeer(ui::CToolBar& control, const ui::layout::Row& row, QToolBar* native) : CPeerOf(control, row, native)
     {
+        const int icon = std::max(LeastIcon, native->fontMetrics().height() * 3 / 2);
+        native->setIconSize(QSize(icon, icon));
         for (const ui::layout::ToolButton& button : ui::layout::ToolBarButtons())
             AddButton(button);
     }

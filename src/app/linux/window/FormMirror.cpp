@@ -77,6 +77,8 @@ void CFormMirror::Build(const Holder& root)
         if (SameHolder(RootOf(row), root))
             BuildControl(row);
     JoinLabels(root);
+    for (const Placed& placed : m_placed)
+        Arrange(*placed.holder);
     for (std::size_t at = 0, count = m_peers.size(); at < count; ++at)
         if (SameHolder(RootOf(m_peers[at]->Look()), root))
             ShowSelectedPages(*m_peers[at]);
@@ -90,6 +92,7 @@ void CFormMirror::BuildControl(const Row& row)
     peer.Native().setGeometry(m_units.ToPixels(row.place));
     m_placed.push_back({&peer, &holder});
     peer.Mirror();
+    AddSpokenLabel(row, holder, peer.Native());
     peer.Subject().SetPeer([this, &peer] { Schedule(peer); });
 }
 
@@ -106,6 +109,18 @@ void CFormMirror::JoinLabels(const Holder& root)
         if (auto* label = qobject_cast<QLabel*>(&peer->Native()))
             label->setBuddy(&named->Native());
     }
+}
+
+// A screen reader takes a combo box's text for its name and looks for a label beside it, which nobody else needs to see.
+void CFormMirror::AddSpokenLabel(const Row& row, QWidget& holder, QWidget& combo)
+{
+    if (row.spoken.empty() || !qobject_cast<QComboBox*>(&combo))
+        return;
+    auto* label = new QLabel(FromText(std::string(row.spoken)), &holder);
+    label->setGeometry(QRect(combo.pos(), QSize(1, 1)));
+    label->setBuddy(&combo);
+    label->lower();
+    label->show();
 }
 
 void CFormMirror::ShowSelectedPages(const CPeer& peer)
@@ -153,10 +168,20 @@ void CFormMirror::MakePage(const Holder& holder, QWidget& page)
         column->addWidget(scroller);
         scroller->show();
     }
-    const ui::layout::Rectangle inside = InsideOf(m_layout, holder);
-    canvas->setMinimumSize(m_units.ToPixels(inside.width, inside.height));
+    canvas->setMinimumSize(LeastSizeOf(holder));
     canvas->installEventFilter(this);
     m_pages.insert(KeyOf(holder), canvas);
+}
+
+// A page whose controls give way needs half of its room.
+QSize CFormMirror::LeastSizeOf(const Holder& page) const
+{
+    const ui::layout::Rectangle inside = InsideOf(m_layout, page);
+    const QSize size = m_units.ToPixels(inside.width, inside.height);
+    const bool givesWay = std::any_of(m_layout.rows.begin(), m_layout.rows.end(), [&](const Row& row) {
+        return SameHolder(row.holder, page) && row.growth == Growth::Both;
+    });
+    return givesWay ? size / 2 : size;
 }
 
 void CFormMirror::Arrange(const QWidget& holder)
@@ -167,8 +192,17 @@ void CFormMirror::Arrange(const QWidget& holder)
         const Row& row = placed.peer->Look();
         const ui::layout::Rectangle inside = InsideOf(m_layout, row.holder);
         const QSize gained = holder.size() - m_units.ToPixels(inside.width, inside.height);
-        placed.peer->Native().setGeometry(Grown(m_units.ToPixels(row.place), row, gained));
+        placed.peer->Native().setGeometry(Grown(m_units.ToPixels(PlaceNow(row)), row, gained));
     }
+}
+
+ui::layout::Rectangle CFormMirror::PlaceNow(const Row& row) const
+{
+    const CPeer* below = row.covers.empty() ? nullptr : PeerOf(row.covers);
+    ui::layout::Rectangle place = row.place;
+    if (below && !below->Subject().Visible())
+        place.height = below->Look().place.Bottom() - place.y;
+    return place;
 }
 
 void CFormMirror::Rescale()
@@ -176,8 +210,7 @@ void CFormMirror::Rescale()
     m_units = UnitsThatFit(m_surface, m_form, m_layout);
     for (auto page = m_pages.constBegin(); page != m_pages.constEnd(); ++page) {
         const std::string strip = page.key().first.toStdString();
-        const ui::layout::Rectangle inside = InsideOf(m_layout, {strip, page.key().second});
-        page.value()->setMinimumSize(m_units.ToPixels(inside.width, inside.height));
+        page.value()->setMinimumSize(LeastSizeOf({strip, page.key().second}));
     }
     for (const Placed& placed : m_placed)
         Arrange(*placed.holder);
@@ -194,6 +227,7 @@ void CFormMirror::MirrorNow()
             continue;
         peer.Mirror();
         ShowSelectedPages(peer);
+        Arrange(*peer.Native().parentWidget());  // Something may have come or gone.
     }
     if (std::exchange(m_focusDue, false))
         TakeFocus();

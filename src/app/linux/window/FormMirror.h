@@ -31,11 +31,14 @@ private:
     Holder RootOf(const Row& row) const;
     void Build(const Holder& root);
     void BuildControl(const Row& row);
+    static void AddSpokenLabel(const Row& row, QWidget& holder, QWidget& combo);
     void JoinLabels(const Holder& root);
     void ShowSelectedPages(const CPeer& peer);
     QWidget& HolderWidget(const Holder& holder);
     void MakePage(const Holder& holder, QWidget& page);
+    QSize LeastSizeOf(const Holder& page) const;
     void Arrange(const QWidget& holder);
+    ui::layout::Rectangle PlaceNow(const Row& row) const;
     void Schedule(CPeer& peer);
     void ScheduleTurn();
     void TakeFocus();

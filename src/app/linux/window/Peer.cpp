@@ -13,7 +13,7 @@ QString CPeer::SpokenName() const
 {
     if (!m_row.spoken.empty())
         return FromText(std::string(m_row.spoken));
-    return FromText(m_control.Caption().empty() || m_row.kind == ui::layout::Kind::Link ? m_label : m_control.Caption());
+    return FromText(m_label.empty() ? m_control.Caption() : m_label);
 }
 
 void CPeer::Mirror()
