@@ -5,7 +5,7 @@
 
 namespace {
 
-constexpr std::int64_t Second = 1000, Minute = 60 * Second, Hour = 60 * Minute;
+constexpr std::int64_t Second = 1000, Minute = 60 * Second;
 
 // A whole day in the life of the program: the user copies something every ten seconds, the time is announced every minute,
 // tabs are looked at, and characters come and go.
