@@ -56,20 +56,22 @@ struct Row {
     std::string_view covers = {};  // The control whose place below it takes while that is invisible.
     bool movesDown = false;        // Stays at the lower edge when its holder grows.
 
-    constexpr Row Names(std::string_view named) const { return With(&Row::names, named); }
-    constexpr Row Spoken(std::string_view text) const { return With(&Row::spoken, text); }
-    constexpr Row Shows(std::string_view name) const { return With(&Row::picture, name); }
-    constexpr Row Covers(std::string_view below) const { return With(&Row::covers, below); }
-    constexpr Row Grows(Growth direction) const { return With(&Row::growth, direction); }
-    constexpr Row MovesDown() const { return With(&Row::movesDown, true); }
-
 private:
+    // Stands before its users: some compilers cannot use it in constants otherwise.
     template <class Field> constexpr Row With(Field Row::*field, Field value) const
     {
         Row changed = *this;
         changed.*field = value;
         return changed;
     }
+
+public:
+    constexpr Row Names(std::string_view named) const { return With(&Row::names, named); }
+    constexpr Row Spoken(std::string_view text) const { return With(&Row::spoken, text); }
+    constexpr Row Shows(std::string_view name) const { return With(&Row::picture, name); }
+    constexpr Row Covers(std::string_view below) const { return With(&Row::covers, below); }
+    constexpr Row Grows(Growth direction) const { return With(&Row::growth, direction); }
+    constexpr Row MovesDown() const { return With(&Row::movesDown, true); }
 };
 
 // A button of a tool bar.
