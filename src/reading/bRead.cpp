@@ -48,10 +48,11 @@ std::string AskForTextFile()
 // Deliberate: reading starts one character before the caret.
 std::string TextFromCaret(const ui::CTextBox& box)
 {
+    std::string text = box.CopyOfText();
     const auto caret = static_cast<std::size_t>(box.SelectionStart());
-    if (caret == 0 || caret == text::Length(box.Text()))
-        return box.Text();
-    return std::string(text::Mid(box.Text(), caret));
+    if (caret == 0 || caret == text::Length(text))
+        return text;
+    return std::string(text::Mid(text, caret));
 }
 
 void ReadEditor(const ui::CTextBox& editor)

@@ -90,7 +90,7 @@ void textEditor::SaveFile(const std::string& fileName)
         if (file.empty())
             return;
         settings::Options().LastFolder = bGlobal::FolderPart(file);
-        platform::Current().files.WriteLine(file, MainWindow().txtRead.Text());
+        platform::Current().files.WriteLine(file, MainWindow().txtRead.CopyOfText());
         ui::ShowUnmodifiedFile(file);
     });
 }

@@ -73,6 +73,15 @@ TEST_F(KeptTextBox, Text_AfterEdits_IsFetchedOnce)
     EXPECT_EQ(fetches, 1);
 }
 
+TEST_F(KeptTextBox, CopyOfText_IsNotKept)
+{
+    Type("!");
+    fetches = 0;
+    EXPECT_EQ(box.CopyOfText(), "first!");
+    EXPECT_EQ(box.CopyOfText(), "first!");
+    EXPECT_EQ(fetches, 2);
+}
+
 TEST_F(KeptTextBox, IsEmpty_FetchesNothing)
 {
     EXPECT_FALSE(box.IsEmpty());

@@ -96,6 +96,8 @@ public:
     }
     // Valid until the text changes.
     const std::string& Text() const;
+    // For whoever needs a large text only once: this object keeps nothing of it.
+    std::string CopyOfText() const { return m_fetched ? m_text : m_keeper.text(); }
     bool IsEmpty() const { return m_fetched ? m_text.empty() : m_keeper.isEmpty(); }
     void SetText(std::string text);  // Runs the change procedure when the text changes; the caret goes to the start.
     // Caret or start of the selection, and its length, in characters.
