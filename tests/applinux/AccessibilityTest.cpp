@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QShortcut>
 #include <set>
 
 // Who cannot see the window, or cannot use a mouse.
@@ -206,6 +207,20 @@ TEST_F(Accessibility, TabKey_OnThePageOfTheBalloon_FollowsTheEye)
 
     EXPECT_EQ(way, "chkBalloon(3) chkBalloon(2) chkBalloon(1) chkBalloon(0) cboFontName cboFontSize txtCharsPerLine "
                    "txtNumberOfLines cmdSetFont(0) ");
+}
+
+TEST_F(Accessibility, PageKeys_LeadOutOfTheEditorAndAround)
+{
+    std::string way;
+    shown.Visit(4);
+    for (const char* key : {"Ctrl+Tab", "Ctrl+PgDown", "Ctrl+Tab", "Ctrl+Shift+Tab", "Ctrl+PgUp"})
+        for (QShortcut* shortcut : shown.window.findChildren<QShortcut*>())
+            if (shortcut->key() == QKeySequence(key)) {
+                emit shortcut->activated();
+                way += std::to_string(shown.form.tabMain.Selected()) + " ";
+            }
+
+    EXPECT_EQ(way, "5 6 0 6 5 ");
 }
 
 TEST_F(Accessibility, MenuBar_TextsAndOrder)

@@ -131,6 +131,26 @@ TEST(Window, LongerCaption_IsGivenItsRoom)
     EXPECT_EQ(Clipped(window), "");
 }
 
+TEST(Window, MadeTooSmallForAPage_LetsItBeScrolled)
+{
+    ShownWindow shown;
+    shown.window.resize(shown.window.size() * 2 / 3);
+    shown.Turn();
+
+    EXPECT_TRUE(HasScrollBar(shown.window));
+    EXPECT_EQ(Clipped(shown.window), "");
+}
+
+TEST(Window, MadeSmaller_ShrinksTheEditorInsteadOfScrollingItsPage)
+{
+    ShownWindow shown;
+    shown.Visit(4);
+    shown.window.resize(shown.window.size() * 2 / 3);
+    shown.Turn();
+
+    EXPECT_FALSE(HasScrollBar(shown.window));
+}
+
 TEST(Window, MadeLarger_GivesTheRoomToTheEditor)
 {
     ShownWindow shown;

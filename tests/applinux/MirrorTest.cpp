@@ -107,6 +107,17 @@ TEST_F(Mirror, Combo_EntryChosenByTheUser_RunsItsClickOnce)
     EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(Mirror, Combo_WheelPassingOverIt_ChoosesNothing)
+{
+    QWidget* combo = shown.Native("cboSayTime");
+    QWheelEvent wheel({5, 5}, combo->mapToGlobal(QPointF(5, 5)), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(combo, &wheel);
+    shown.Turn();
+
+    EXPECT_EQ(shown.form.cboSayTime.Text(), "The time is now {Time}");
+}
+
 TEST_F(Mirror, DropDownList_WithoutSelection_ShowsNone)
 {
     shown.Visit(2);

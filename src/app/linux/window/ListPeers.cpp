@@ -1,6 +1,7 @@
 #include "app/linux/window/Peer.h"
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QEvent>
 #include <QLineEdit>
 #include <QListWidget>
 
@@ -34,10 +35,19 @@ public:
         if (row.kind == Kind::EditableCombo)
             MakeEditable();
         native->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+        native->installEventFilter(this);
         QObject::connect(native, &QComboBox::activated, this, [this](int index) { m_control.SetIndex(index); });
     }
 
 private:
+    // A wheel that only passes over the box scrolls the page instead of choosing an entry.
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() != QEvent::Wheel || m_native.hasFocus())
+            return false;
+        event->ignore();
+        return true;
+    }
     void MakeEditable()
     {
         m_native.setEditable(true);

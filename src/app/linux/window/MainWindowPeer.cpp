@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QShortcut>
 
 namespace {
 constexpr int WindowFrame = 48;  // About what the desktop draws around a window, at most.
@@ -101,6 +102,7 @@ void CMainWindowPeer::BuildInside()
     auto* surface = new CBareSurface(m_form);
     setCentralWidget(surface);
     AddMenus();
+    AddPageKeys();
     m_inside = std::make_unique<CFormMirror>(m_form, ui::layout::MainWindowLayout(), *surface);
     FitScreen();
 }
@@ -109,6 +111,21 @@ void CMainWindowPeer::AddMenus()
 {
     for (ui::CMenuItem* menu : {&m_form.mnuFile, &m_form.mnuDownload, &m_form.frmHelp})
         MirrorMenu(*menuBar()->addMenu(QString::fromStdString(menu->Caption())), *menu);
+}
+
+// From everywhere, also out of the editor, which takes the Tab key for itself.
+void CMainWindowPeer::AddPageKeys()
+{
+    for (const auto& [key, step] : {std::pair("Ctrl+Tab", 1), std::pair("Ctrl+PgDown", 1), std::pair("Ctrl+Shift+Tab", -1),
+                                    std::pair("Ctrl+PgUp", -1)})
+        QObject::connect(new QShortcut(QKeySequence(key), this), &QShortcut::activated, this,
+                         [this, by = step] { TurnPage(by); });
+}
+
+void CMainWindowPeer::TurnPage(int by)
+{
+    const auto pages = static_cast<std::int32_t>(m_form.tabMain.Tabs().size());
+    m_form.tabMain.Select((m_form.tabMain.Selected() + by + pages) % pages);
 }
 
 // As large as its inside wants it, if the screen has the room.

@@ -28,6 +28,8 @@ private:
     void MirrorTimer();
     void BuildInside();
     void AddMenus();
+    void AddPageKeys();
+    void TurnPage(int by);
     void FitScreen();
 
     frmParlune& m_form;
