@@ -165,6 +165,36 @@ TEST_F(LinuxRegistry, RunValue_DeletedWhileHiddenByTheUser_KeepsTheUsersEntry)
     EXPECT_NE(folder.Read("autostart/parlune.desktop").find("Hidden=true"), std::string::npos);
 }
 
+TEST_F(LinuxRegistry, FollowProgram_ProgramWasMoved_NamesTheNewPlaceAndKeepsTheSwitch)
+{
+    const std::string entry = folder.Path("autostart/parlune.desktop");
+    CAutostart(entry, folder.Path("old/parlune")).SwitchOn();
+    folder.Write("autostart/parlune.desktop", folder.Read("autostart/parlune.desktop") + "Hidden=true\n");
+
+    CAutostart(entry, "/new/parlune").FollowProgram();
+
+    EXPECT_NE(folder.Read("autostart/parlune.desktop").find("Exec=\"/new/parlune\"\n"), std::string::npos);
+    EXPECT_NE(folder.Read("autostart/parlune.desktop").find("Hidden=true\n"), std::string::npos);
+}
+
+TEST_F(LinuxRegistry, FollowProgram_TheOtherProgramIsThereStill_LeavesTheEntry)
+{
+    const std::string entry = folder.Path("autostart/parlune.desktop");
+    folder.Write("old/parlune", "");
+    CAutostart(entry, folder.Path("old/parlune")).SwitchOn();
+    const std::string before = folder.Read("autostart/parlune.desktop");
+
+    CAutostart(entry, "/new/parlune").FollowProgram();
+
+    EXPECT_EQ(folder.Read("autostart/parlune.desktop"), before);
+}
+
+TEST_F(LinuxRegistry, FollowProgram_WithoutAnEntry_MakesNone)
+{
+    CAutostart(folder.Path("autostart/parlune.desktop"), "/new/parlune").FollowProgram();
+    EXPECT_FALSE(folder.Has("autostart/parlune.desktop"));
+}
+
 TEST_F(LinuxRegistry, StartOption_EntryHiddenByTheUser_ReadsAsOff)
 {
     const auto registry = Registry();

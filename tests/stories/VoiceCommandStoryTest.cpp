@@ -35,6 +35,28 @@ TEST_F(VoiceCommandStory, ReadClipboard_Heard_ReadsIt)
     EXPECT_EQ(Spoken(), (std::vector<std::string>{Text}));
 }
 
+TEST_F(VoiceCommandStory, ReadClipboard_HeardWithLittleConfidence_DoesNothing)
+{
+    StartAndSettle();
+    desktop.clipboard.Put(Text);
+
+    Hear({{"ReadClipboard", -40, "read clipboard"}});
+    EXPECT_TRUE(Spoken().empty());
+    Hear({{"ReadClipboard", -39, "read clipboard"}});
+    EXPECT_EQ(Spoken(), (std::vector<std::string>{Text}));
+}
+
+TEST_F(VoiceCommandStory, ReadClipboard_HeardWithACloseRival_DoesNothing)
+{
+    StartAndSettle();
+    desktop.clipboard.Put(Text);
+
+    Hear({{"ReadClipboard", 60, "read clipboard"}, {"Stop", 51, "stop"}});
+    EXPECT_TRUE(Spoken().empty());
+    Hear({{"ReadClipboard", 60, "read clipboard"}, {"Stop", 50, "stop"}});
+    EXPECT_EQ(Spoken(), (std::vector<std::string>{Text}));
+}
+
 TEST_F(VoiceCommandStory, Stop_Heard_SilencesTheCharacter)
 {
     StartAndSettle();

@@ -137,6 +137,28 @@ TEST(AutostartEntry, Program_IsQuotedForTheExecKey)
               "Exec=\"/opt/my \\\\\"50%%\\\\\" \\\\$x\\\\\\\\/parlune\"\nTerminal=false\nCategories=Utility;\n");
 }
 
+TEST(AutostartProgram, EntryAsWritten_IsItsProgram)
+{
+    EXPECT_EQ(AutostartProgram(AutostartEntry("/usr/bin/parlune")), "/usr/bin/parlune");
+    EXPECT_EQ(AutostartProgram(AutostartEntry("/opt/my \"50%\" $x\\/parlune")), "/opt/my \"50%\" $x\\/parlune");
+}
+
+TEST(AutostartProgram, CommandLineOfTheUsersOwn_IsNone)
+{
+    EXPECT_EQ(AutostartProgram("[Desktop Entry]\nExec=parlune /nodetect\n"), std::nullopt);
+    EXPECT_EQ(AutostartProgram("[Desktop Entry]\nExec=\"/opt/parlune\" \"/nodetect\"\n"), std::nullopt);
+    EXPECT_EQ(AutostartProgram("[Desktop Entry]\nExec=\"/opt/parlune\" /nodetect\n"), std::nullopt);
+    EXPECT_EQ(AutostartProgram("[Desktop Entry]\nExec=/opt/parlune /nodetect\n"), std::nullopt);
+    EXPECT_EQ(AutostartProgram("[Desktop Entry]\nName=x\n"), std::nullopt);
+    EXPECT_EQ(AutostartProgram("[Desktop Entry]\nExec=\"/opt/x\\\"\n"), std::nullopt);
+}
+
+TEST(WithAutostartProgram, EntryOfTheUser_KeepsTheRest)
+{
+    EXPECT_EQ(WithAutostartProgram("[Desktop Entry]\nExec=\"/old\"\nHidden=true\nX-My=1\n", "/new place"),
+              "[Desktop Entry]\nExec=\"/new place\"\nHidden=true\nX-My=1\n");
+}
+
 TEST(IsAutostartOn, EntryAsWritten_IsOn) { EXPECT_TRUE(IsAutostartOn(AutostartEntry("/usr/bin/parlune"))); }
 
 TEST(IsAutostartOn, SwitchedOffByTheUser_IsOff)

@@ -22,6 +22,16 @@ bool CAutostart::IsSwitchedOffByUser() const
     return entry && !text::IsAutostartOn(*entry);
 }
 
+void CAutostart::FollowProgram()
+{
+    int error = 0;
+    const auto entry = ReadWhole(m_file, error);
+    const auto started = entry ? text::AutostartProgram(*entry) : std::nullopt;
+    std::error_code ignored;
+    if (started && *started != m_program && !std::filesystem::exists(*started, ignored))
+        ReplaceWhole(m_file, text::WithAutostartProgram(*entry, m_program), Survives::PowerLoss);
+}
+
 bool CAutostart::SwitchOn()
 {
     return MakeUserFolders(std::filesystem::path(m_file).parent_path().string()) &&

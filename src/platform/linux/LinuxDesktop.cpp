@@ -66,6 +66,7 @@ CLinuxDesktop::CLinuxDesktop(const DesktopSettings& settings)
 
 void CLinuxDesktop::PrepareFirstStart()
 {
+    CAutostart(AutostartFile(), ProgramFile()).FollowProgram();
     PlaceCharacters(BundledCharacters(m_files), CharacterFolder(m_files));
     if (m_files.Kind(RegistryFile()) == EntryKind::None)
         SeedGreetings(m_registry);
