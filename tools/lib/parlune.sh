@@ -46,7 +46,7 @@ parlune_kill() {
 visible_window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | head -n 1; }
 character_window() { visible_window '^Parlune character$'; }
 balloon_window() { visible_window '^Parlune balloon$'; }
-options_window() { visible_window '^Parlune$'; }
+options_window() { visible_window '^Parlune( - |$)'; } # The editor's file stands behind the name.
 character_visible() { [ -n "$(character_window)" ]; }
 balloon_visible() { [ -n "$(balloon_window)" ]; }
 options_visible() { [ -n "$(options_window)" ]; }
