@@ -5,14 +5,10 @@
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QScrollArea>
-#include <QTabWidget>
-#include <QVBoxLayout>
 #include <algorithm>
 #include <stdexcept>
 
 namespace {
-using ui::layout::Growth;
 using ui::layout::Kind;
 
 QEvent::Type TurnEvent()
@@ -21,26 +17,6 @@ QEvent::Type TurnEvent()
     return static_cast<QEvent::Type>(type);
 }
 
-QPair<QString, int> KeyOf(const ui::layout::Holder& holder)
-{
-    return {QString::fromUtf8(holder.control.data(), static_cast<qsizetype>(holder.control.size())), holder.page};
-}
-
-bool SameHolder(const ui::layout::Holder& one, const ui::layout::Holder& other)
-{
-    return one.control == other.control && one.page == other.page;
-}
-
-QRect Grown(QRect place, const ui::layout::Row& row, const QSize& gained)
-{
-    if (row.movesDown)
-        place.translate(0, gained.height());
-    if (row.growth == Growth::Wide || row.growth == Growth::Both)
-        place.setWidth(place.width() + gained.width());
-    if (row.growth == Growth::Tall || row.growth == Growth::Both)
-        place.setHeight(place.height() + gained.height());
-    return place;
-}
 }
 
 CFormMirror::CFormMirror(ui::CForm& form, const ui::layout::FormLayout& layout, QWidget& surface)
@@ -128,95 +104,11 @@ void CFormMirror::ShowSelectedPages(const CPeer& peer)
     if (peer.Look().kind != Kind::TabStrip || !peer.Look().holder.control.empty())
         return;
     const Holder page{peer.Look().control, dynamic_cast<const ui::CTabStrip&>(peer.Subject()).Selected()};
-    if (!m_pages.contains(KeyOf(page))) {
+    if (!m_pages.contains(HolderKey(page))) {
         HolderWidget(page);
         Build(page);
     }
 }
-
-QWidget& CFormMirror::HolderWidget(const Holder& holder)
-{
-    if (holder.control.empty())
-        return m_surface;
-    QWidget* native = WidgetOf(holder.control);
-    auto* strip = qobject_cast<QTabWidget*>(native);
-    if (!strip)
-        return *native;
-    if (!m_pages.contains(KeyOf(holder)))
-        MakePage(holder, *strip->widget(holder.page));
-    return *m_pages.value(KeyOf(holder));
-}
-
-// Where the screen is too small for a page it can be scrolled.
-void CFormMirror::MakePage(const Holder& holder, QWidget& page)
-{
-    auto* canvas = new QWidget;
-    const bool isInner = !FindRow(m_layout, holder.control)->holder.control.empty();
-    auto* column = new QVBoxLayout(&page);
-    column->setContentsMargins(0, 0, 0, 0);
-    if (isInner) {
-        column->addWidget(canvas);
-        canvas->show();  // At once: the page is on the screen.
-    } else {
-        auto* scroller = new QScrollArea;
-        scroller->setFrameShape(QFrame::NoFrame);
-        scroller->setFocusPolicy(Qt::NoFocus);
-        scroller->setWidgetResizable(true);
-        scroller->setWidget(canvas);
-        scroller->viewport()->setAutoFillBackground(false);
-        canvas->setAutoFillBackground(false);
-        column->addWidget(scroller);
-        scroller->show();
-    }
-    canvas->setMinimumSize(LeastSizeOf(holder));
-    canvas->installEventFilter(this);
-    m_pages.insert(KeyOf(holder), canvas);
-}
-
-// A page whose controls give way needs half of its room.
-QSize CFormMirror::LeastSizeOf(const Holder& page) const
-{
-    const ui::layout::Rectangle inside = InsideOf(m_layout, page);
-    const QSize size = m_units.ToPixels(inside.width, inside.height);
-    const bool givesWay = std::any_of(m_layout.rows.begin(), m_layout.rows.end(), [&](const Row& row) {
-        return SameHolder(row.holder, page) && row.growth == Growth::Both;
-    });
-    return givesWay ? size / 2 : size;
-}
-
-void CFormMirror::Arrange(const QWidget& holder)
-{
-    for (const Placed& placed : m_placed) {
-        if (placed.holder != &holder)
-            continue;
-        const Row& row = placed.peer->Look();
-        const ui::layout::Rectangle inside = InsideOf(m_layout, row.holder);
-        const QSize gained = holder.size() - m_units.ToPixels(inside.width, inside.height);
-        placed.peer->Native().setGeometry(Grown(m_units.ToPixels(PlaceNow(row)), row, gained));
-    }
-}
-
-ui::layout::Rectangle CFormMirror::PlaceNow(const Row& row) const
-{
-    const CPeer* below = row.covers.empty() ? nullptr : PeerOf(row.covers);
-    ui::layout::Rectangle place = row.place;
-    if (below && !below->Subject().Visible())
-        place.height = below->Look().place.Bottom() - place.y;
-    return place;
-}
-
-void CFormMirror::Rescale()
-{
-    m_units = UnitsThatFit(m_surface, m_form, m_layout);
-    for (auto page = m_pages.constBegin(); page != m_pages.constEnd(); ++page) {
-        const std::string strip = page.key().first.toStdString();
-        page.value()->setMinimumSize(LeastSizeOf({strip, page.key().second}));
-    }
-    for (const Placed& placed : m_placed)
-        Arrange(*placed.holder);
-}
-
-QSize CFormMirror::NaturalSize() const { return m_units.ToPixels(m_layout.width, m_layout.height); }
 
 void CFormMirror::MirrorNow()
 {

@@ -5,6 +5,16 @@
 #include <memory>
 #include <vector>
 
+inline QPair<QString, int> HolderKey(const ui::layout::Holder& holder)
+{
+    return {QString::fromUtf8(holder.control.data(), static_cast<qsizetype>(holder.control.size())), holder.page};
+}
+
+inline bool SameHolder(const ui::layout::Holder& one, const ui::layout::Holder& other)
+{
+    return one.control == other.control && one.page == other.page;
+}
+
 // The inside of a native window: the widgets of a form, made from its table. Changes of the controls are mirrored together
 // before the next event is handled, so that filling a long list costs one change. The pages of a tab strip that stands on
 // the form itself are made when they are first shown.
