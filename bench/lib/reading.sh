@@ -1,8 +1,8 @@
 # Long texts.
 # shellcheck shell=bash
 
-# Median of a benchmark in milliseconds.
-median_of() { awk -F, -v name="\"$1_median\"" '$1 == name { print $3 }' "$2"; }
+# Median of a benchmark in milliseconds of processor time, which other programs disturb less than the clock.
+median_of() { awk -F, -v name="\"$1_median\"" '$1 == name { print $4 }' "$2"; }
 
 figure_cutting() {
     local csv=$desktop_free/cutting.csv name small large
