@@ -4,8 +4,8 @@
 
 namespace platform::linuxdesktop {
 namespace {
-// Nothing tells when a notification area comes or goes.
-constexpr int LookEveryMilliseconds = 1000;
+// Nothing tells when a notification area comes or goes. Seldom enough that a hidden program costs nothing.
+constexpr int LookEveryMilliseconds = 5000;
 }
 
 CLinuxTrayIcon::CLinuxTrayIcon()
