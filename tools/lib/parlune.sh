@@ -6,8 +6,10 @@ parlune_pid=
 
 # put_option NAME VALUE: stores an option before the program starts.
 declare -A put_options=()
+registry_file() { echo "$XDG_CONFIG_HOME/parlune/registry.txt"; }
 put_option() {
-    local file=$XDG_CONFIG_HOME/parlune/registry.txt name
+    local file name
+    file=$(registry_file)
     put_options[$1]=$2
     mkdir -p "${file%/*}"
     {
@@ -19,7 +21,7 @@ put_option() {
 }
 
 # What the program has stored for an option; nothing when it has not.
-stored_option() { sed -n "s/^\"$1\" = \"\(.*\)\"\$/\1/p" "$XDG_CONFIG_HOME/parlune/registry.txt"; }
+stored_option() { sed -n "s/^\"$1\" = \"\(.*\)\"\$/\1/p" "$(registry_file)"; }
 
 parlune_start() {
     "$program" "$@" >"$desktop/parlune.log" 2>&1 &
