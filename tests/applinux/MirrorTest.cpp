@@ -411,6 +411,19 @@ TEST_F(Mirror, Focus_SetOnAPageThatIsJustBeingChosen_IsTaken)
     EXPECT_EQ(shown.window.focusWidget(), shown.Native("cboChar"));
 }
 
+TEST_F(Mirror, Focus_SetOnAPageWhileAnotherOneGoesWithTheFocus_IsTaken)
+{
+    shown.window.activateWindow();
+    shown.form.chkStartWithWindows.SetFocus();
+    shown.Turn();
+    shown.form.tabMain.onClick = [&] { shown.form.cboChar.SetFocus(); };
+    shown.form.tabMain.Select(1);
+    shown.Turn();
+
+    EXPECT_TRUE(shown.form.cboChar.HasFocus());
+    EXPECT_EQ(shown.window.focusWidget(), shown.Native("cboChar"));
+}
+
 TEST_F(Mirror, Focus_MovedByTheTabKey_IsReported)
 {
     shown.window.activateWindow();

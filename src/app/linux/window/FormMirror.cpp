@@ -23,7 +23,10 @@ CFormMirror::CFormMirror(ui::CForm& form, const ui::layout::FormLayout& layout, 
     : m_form(form), m_layout(layout), m_surface(surface), m_units(UnitsThatFit(surface, form, layout))
 {
     m_surface.installEventFilter(this);
-    QObject::connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { ReportFocus(now); });
+    QObject::connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+        if (!m_focusDue)  // What a page that goes does with the focus counts less than what the program wants.
+            ReportFocus(now);
+    });
     Build({});
     FollowFocus();
 }
