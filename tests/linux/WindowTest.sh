@@ -51,6 +51,7 @@ test_Box_ClickedByMouse_IsStored() {
 
 # The last button of the title bar: a little left of the window's right edge and above its top.
 click_close_button() {
+    local window=${1:-$window}
     local place width height left top
     place=$(place_of "$window")
     IFS='x+' read -r width height left top <<<"$place"
