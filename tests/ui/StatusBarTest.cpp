@@ -37,7 +37,10 @@ TEST(StatusBarText, WhileMonitoring_SaysSoLast)
               "Merlin - reading, monitoring the clipboard");
 }
 
-TEST(StatusBarText, WithoutACharacterThatShouldBeThere_SaysSo) { EXPECT_EQ(TextFor({.character = "", .shown = true}), "No character"); }
+TEST(StatusBarText, WithoutACharacterThatShouldBeThere_SaysSo)
+{
+    EXPECT_EQ(TextFor({.character = "", .shown = true}), "No character");
+}
 
 TEST(StatusBarName, OfAFile_IsTheBareName)
 {
