@@ -5,18 +5,23 @@
 #include <chrono>
 #include <csignal>
 #include <cstdio>
+#include <cstring>
+#include <optional>
 #include <spawn.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 
-// bench_Eye LEFT TOP WIDTH HEIGHT COMMAND...: starts a command and waits until a part of the screen looks different.
-// Prints how many milliseconds that took and the command's process id; the command runs on.
+// bench_Eye [--settled] LEFT TOP WIDTH HEIGHT COMMAND...: starts a command and waits until a part of the screen looks
+// different; when settled, until the last change before it rests for a while. Prints how many milliseconds that took and the
+// command's process id; the command runs on.
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
 constexpr int LookEveryMilliseconds = 2;
 constexpr int LongestSeconds = 20;
+constexpr std::chrono::milliseconds Rest(350);  // Shorter than the blinking of a text cursor.
 
 class CEye {
 public:
@@ -25,7 +30,12 @@ public:
           m_before(Look())
     {
     }
-    bool SeesAChange() const { return Look() != m_before; }
+    // Since the last change that was seen.
+    bool SeesAChange()
+    {
+        const QImage now = Look();
+        return now != std::exchange(m_before, now);
+    }
 
 private:
     QImage Look() const
@@ -40,26 +50,43 @@ private:
     QImage m_before;
 };
 
+// The time of the first change, or of the last one before a rest. None: an empty answer.
+std::optional<Clock::time_point> WaitForChange(CEye& eye, Clock::time_point begun, bool settled)
+{
+    std::optional<Clock::time_point> changed;
+    for (Clock::time_point now = begun; now - begun < std::chrono::seconds(LongestSeconds); now = Clock::now()) {
+        if (eye.SeesAChange()) {
+            changed = Clock::now();
+            if (!settled)
+                return changed;
+        }
+        if (changed && now - *changed > Rest)
+            return changed;
+        std::this_thread::sleep_for(std::chrono::milliseconds(LookEveryMilliseconds));
+    }
+    return {};
+}
+
 }
 
 int main(int argc, char** argv)
 {
-    if (argc < 6)
+    const bool settled = argc > 1 && std::strcmp(argv[1], "--settled") == 0;
+    char** words = argv + (settled ? 2 : 1);
+    if (argv + argc - words < 5)
         return 2;
     int count = 1;
     const QGuiApplication application(count, argv);
-    const CEye eye(argv + 1);
+    CEye eye(words);
     const Clock::time_point begun = Clock::now();
     pid_t process = -1;
-    if (posix_spawnp(&process, argv[5], nullptr, nullptr, argv + 5, environ) != 0)
+    if (posix_spawnp(&process, words[4], nullptr, nullptr, words + 4, environ) != 0)
         return 1;
-    while (!eye.SeesAChange()) {
-        if (Clock::now() - begun > std::chrono::seconds(LongestSeconds)) {
-            kill(process, SIGTERM);
-            return 1;
-        }
-        std::this_thread::sleep_for(std::chrono::milliseconds(LookEveryMilliseconds));
+    const auto changed = WaitForChange(eye, begun, settled);
+    if (!changed) {
+        kill(process, SIGTERM);
+        return 1;
     }
-    std::printf("%.1f %d\n", std::chrono::duration<double, std::milli>(Clock::now() - begun).count(), process);
+    std::printf("%.1f %d\n", std::chrono::duration<double, std::milli>(*changed - begun).count(), process);
     return 0;
 }
