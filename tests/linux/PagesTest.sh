@@ -31,6 +31,8 @@ test_VoicePage_UsedByMouse_IsHeardAndStored() {
     desktop_start
     companion_on_desktop
     open_options
+    copy_text "$short_text"
+    expect_heard "Read Clipboard Now" click_at cmdReadClipboard
     go_to_tab voice
     sleep 1 # The list fills.
     click_at lstTTS # One of those in the middle.
@@ -83,4 +85,101 @@ test_BalloonAndGreetingsPages_UsedByMouse_AreHeardAndStored() {
     go_to_tab greetings
     expect_heard "Test Greeting" click_at cmdTestWelcome
     expect "it ends well" parlune_end
+}
+
+# What the program gives to the desktop to be opened is written down.
+put_opener() {
+    mkdir "$desktop/bin"
+    printf '#!/bin/sh\necho "$1" >>"%s"\n' "$desktop/opened" >"$desktop/bin/xdg-open"
+    chmod +x "$desktop/bin/xdg-open"
+    export PATH=$desktop/bin:$PATH
+}
+
+# expect_opened ADDRESS COMMAND...: the command opens this page and no other.
+expect_opened() {
+    local address=$1
+    shift
+    rm -f "$desktop/opened"
+    "$@"
+    expect_within 5 "$address is opened" test -s "$desktop/opened"
+    expect "it is that page: $(cat "$desktop/opened")" [ "$(<"$desktop/opened")" = "$address" ]
+}
+
+test_AboutPageAndDownloadMenu_ByMouseAndKeyboard_OpenWebPages() {
+    desktop_start nosound
+    put_opener
+    companion_on_desktop
+    open_options
+    xdotool key --delay 200 alt+h a # "About..."
+    sleep 0.5
+    expect_opened https://parlune.example/ click_at imgParlune
+    expect_opened https://parlune.example/agent-ring click_at imgAgentRing
+    expect_opened https://parlune.example/ click_at "lblURL(2)"
+    expect_opened https://parlune.example/agent-ring click_at "lblURL(1)"
+    expect_opened https://parlune.example/scripting click_at "lblURL(0)"
+    xdotool key Tab # From the last link to the last picture.
+    expect_opened https://parlune.example/agent-ring xdotool key space
+    expect_opened https://parlune.example/characters xdotool key --delay 200 alt+d Return
+    expect_opened https://parlune.example/speech-engines xdotool key --delay 200 alt+d Down Return
+    expect "it ends well" parlune_end
+}
+
+# press KEY...: at a pace that leaves the program the time to follow.
+press() { xdotool key --delay 60 "$@"; }
+press_repeatedly() { xdotool key --delay 60 --repeat "$1" "$2"; }
+
+test_VoiceBalloonAndGreetingsPages_ByKeyboard_AreHeardAndStored() {
+    desktop_start
+    companion_on_desktop
+    open_options
+    turn_pages 2
+    use_voices
+    use_modifiers
+    turn_pages 1
+    use_balloon
+    turn_pages 2
+    press Tab Tab Tab
+    xdotool type "Hello, can you hear me?"
+    press Tab Tab # Over the animation to the button.
+    expect_heard "Test Greeting" press space
+    expect "it ends well" parlune_end
+    expect "the greeting is stored" [ "$(stored_option Greeting1)" = "Hello, can you hear me?" ]
+}
+
+# From the tabs of the page over the list and the text to the buttons Test, Set and Reset to Default.
+use_voices() {
+    press Tab Tab Down Tab Tab
+    expect_heard "Test" press space
+    press Tab
+    expect_heard "Set" press space
+    expect "the voice is stored" setting_is_there TTSModeID
+    press Tab
+    expect_heard "Reset" press space
+    expect_not "the voice is gone" setting_is_there TTSModeID
+}
+
+use_modifiers() {
+    press_repeatedly 5 shift+Tab
+    press Right Tab space Tab End  # Pitch.
+    press_repeatedly 6 Tab         # Over speed and volume.
+    press Down                     # The first characteristic; it ticks its box.
+    press_repeatedly 5 Tab         # Over the context and the text to Set.
+    press space
+    expect_within 5 "the modifiers are stored" grep -q '=10010,400,[0-9]*,32767,0,-1' "$(settings_file)"
+    expect_within 20 "what it says ends" is_silent
+}
+
+use_balloon() {
+    press ctrl+a
+    xdotool type "DejaVu Serif"
+    press Tab ctrl+a
+    xdotool type 12
+    press Tab # A box of numbers is selected when it is entered.
+    xdotool type 24
+    press Tab
+    xdotool type 2
+    press Tab space
+    expect_within 5 "the font is stored" setting_is FontName "DejaVu Serif"
+    expect "its size is stored" setting_is FontSize 12
+    expect "the style is stored, not $(stored_setting BalloonStyle)" setting_is BalloonStyle "&H0218000F"
 }

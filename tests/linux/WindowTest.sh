@@ -37,18 +37,6 @@ test_Box_TickedByKeyAndExitByMenu_IsStored() {
     expect "the box is cleared" [ "$(stored_option MinimizeOnClose)" = 0 ]
 }
 
-test_Box_ClickedByMouse_IsStored() {
-    options_on_desktop || return
-    local place width height left top
-    place=$(place_of "$window")
-    IFS='x+' read -r width height left top <<<"$place"
-    xdotool mousemove $((left + width / 8)) $((top + height * 20 / 100)) click 1 # "Show Splash Screen at Start Up".
-    sleep 0.5
-    page_picture "$desktop/clicked.png"
-    expect "it ends well" parlune_end
-    expect "the box is ticked" [ "$(stored_option ShowSplash)" = 1 ]
-}
-
 # The last button of the title bar: a little left of the window's right edge and above its top.
 click_close_button() {
     local window=${1:-$window}
