@@ -40,6 +40,7 @@ open_menu() {
 
 # choose KEY...: opens the character's menu and presses the keys of its entries.
 choose() {
+    sleep 0.5 # A second press so soon would be a double click.
     point_at_character
     open_menu
     xdotool key --delay 150 "$@"

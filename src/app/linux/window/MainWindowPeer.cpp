@@ -113,7 +113,7 @@ void CMainWindowPeer::AddMenus()
         MirrorMenu(*menuBar()->addMenu(QString::fromStdString(menu->Caption())), *menu);
 }
 
-// From everywhere, also out of the editor, which takes the Tab key for itself.
+// From everywhere; only in the editor Ctrl+Tab types a tab.
 void CMainWindowPeer::AddPageKeys()
 {
     for (const auto& [key, step] : {std::pair("Ctrl+Tab", 1), std::pair("Ctrl+PgDown", 1), std::pair("Ctrl+Shift+Tab", -1),
