@@ -78,7 +78,7 @@ test_Character_BrowsedForAndSelected_Comes() {
     expect_within 5 "the dialog comes" is_there '^Select Agent Character$'
     xdotool key Escape
     expect_within 5 "the dialog goes" is_gone '^Select Agent Character$'
-    expect "the character stays" character_visible
+    expect_within 5 "the character stays" character_visible
     click_at cboBrowseChar
     choose_file "Select Agent Character" "$other"
     expect_within 10 "its character comes" character_visible

@@ -55,6 +55,22 @@ test_SecondStart_WhileRunning_EndsAndBringsTheWindow() {
     expect "it ends well" parlune_end
 }
 
+# An impatient hand: the first start still asks something when the program is started again.
+test_SecondStart_DuringTheStart_BringsTheWindowAfterIt() {
+    desktop_start nosound
+    hide_voices
+    put_option FirstTime 0
+    put_option ReadGreeting 0
+    parlune_start
+    expect_within 10 "it asks what to do" question_visible || return
+    timeout 10 "$program"
+    answer Escape
+    expect_within 20 "the character is on the desktop" character_visible
+    sleep 2
+    expect "the options window is there" options_visible
+    expect "it ends well" parlune_end
+}
+
 test_Start_WithoutADisplay_SaysSo() {
     desktop_start nosound
     local code=0

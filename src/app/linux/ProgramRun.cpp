@@ -61,6 +61,9 @@ int CProgramRun::Run()
 void CProgramRun::Start()
 {
     SplashWindow().Load();
+    m_starting = false;
+    if (m_frontDue)
+        BringToFront();
     QuitAfterLastWindow();
 }
 
@@ -72,7 +75,8 @@ void CProgramRun::QuitAfterLastWindow()
 
 void CProgramRun::BringToFront()
 {
-    if (!MainWindow().Loaded())
+    m_frontDue = m_starting;
+    if (m_starting || !MainWindow().Loaded())
         return;
     if (MainWindow().State() == ui::WindowState::Minimized)
         MainWindow().SetState(ui::WindowState::Normal);

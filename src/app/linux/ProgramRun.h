@@ -23,4 +23,6 @@ private:
     QIcon m_icon;
     std::unique_ptr<CMainWindowPeer> m_mainWindow;
     std::unique_ptr<CSplashPeer> m_splash;
+    bool m_starting = true;   // The start hides the window in the end.
+    bool m_frontDue = false;  // Asked for meanwhile.
 };
