@@ -43,13 +43,11 @@ void CAnimationPlayer::Exit(Ended ended)
     m_running = true;
     m_exiting = true;
     m_left.assign(m_animation->frames.size(), false);
-    if (wasRunning)
-        return;  // The present frame plays out first.
     m_due = m_timers.NowMilliseconds();
-    if (AdvanceExit())
-        Run();
+    if (wasRunning)
+        m_timer.Start(0, [this] { StepOn(); });  // The present frame has been seen: whoever wants something does not wait.
     else
-        End();
+        StepOn();
 }
 
 void CAnimationPlayer::Cut()
@@ -132,12 +130,15 @@ void CAnimationPlayer::WaitFor(std::int32_t milliseconds)
     if (now - m_due > CatchUpLimit)
         m_due = now;
     m_due += milliseconds;
-    m_timer.Start(static_cast<std::int32_t>(std::max<std::int64_t>(0, m_due - now)), [this] {
-        if (m_exiting ? AdvanceExit() : Advance())
-            Run();
-        else
-            End();
-    });
+    m_timer.Start(static_cast<std::int32_t>(std::max<std::int64_t>(0, m_due - now)), [this] { StepOn(); });
+}
+
+void CAnimationPlayer::StepOn()
+{
+    if (m_exiting ? AdvanceExit() : Advance())
+        Run();
+    else
+        End();
 }
 
 bool CAnimationPlayer::GoTo(std::size_t frame)

@@ -40,7 +40,8 @@ public:
 private:
     enum class Step { Waits, Goes, Ends };
     void Run();
-    Step Walk();  // Enters frames until one takes time. Goes: the bound was met.
+    void StepOn();  // To the next frame, or to the end.
+    Step Walk();    // Enters frames until one takes time. Goes: the bound was met.
     Step Enter();
     void Flush();    // Shows and sounds what was entered last: frames without duration take no drawing.
     bool Advance();  // False at the end.
