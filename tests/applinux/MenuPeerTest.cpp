@@ -71,3 +71,21 @@ TEST_F(MenuPeer, Entry_Chosen_IsClicked)
 
     EXPECT_EQ(clicks, 1);
 }
+
+TEST_F(MenuPeer, SubMenu_WithEveryEntryInvisible_IsGreyed)
+{
+    for (ui::CMenuItem* item : {&form.mnuPopReadWordDocument, &form.mnuPopReadWordSelection, &form.mnuPopReadExcelSelection})
+        item->SetVisible(false);
+    MirrorMenu(native, form.mnuPopup);
+
+    const QAction* readOther = native.actions().at(2);
+    EXPECT_EQ(readOther->text(), "&Read Other");
+    EXPECT_FALSE(readOther->isEnabled());
+}
+
+TEST_F(MenuPeer, SubMenu_WithAnEntry_CanBeOpened)
+{
+    MirrorMenu(native, form.mnuPopup);
+
+    EXPECT_TRUE(native.actions().at(2)->isEnabled());
+}

@@ -1,6 +1,13 @@
 #include "app/linux/MenuPeer.h"
+#include <algorithm>
 
 namespace {
+bool OffersSomething(const ui::CMenuItem& menu)
+{
+    return std::any_of(menu.Items().begin(), menu.Items().end(),
+                       [](const ui::CMenuItem* item) { return item->Visible() && !item->IsSeparator(); });
+}
+
 QString CaptionOf(const ui::CMenuItem& item) { return QString::fromStdString(item.Caption()); }
 
 void AddCommand(QMenu& native, ui::CMenuItem& item)
@@ -20,7 +27,7 @@ void AddEntry(QMenu& native, ui::CMenuItem& item)
         AddCommand(native, item);
     } else {
         QMenu* below = native.addMenu(CaptionOf(item));
-        below->setEnabled(item.Enabled());
+        below->setEnabled(item.Enabled() && OffersSomething(item));  // Nothing to open is greyed.
         MirrorMenu(*below, item);
     }
 }
