@@ -1,1 +1,0 @@
-// Nothing of its own: the headers that all test programs share are compiled with it.
