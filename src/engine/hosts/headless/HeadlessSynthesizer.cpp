@@ -108,7 +108,7 @@ UtteranceID CHeadlessSynthesizer::Synthesize(const std::string& modeId, std::vec
 void CHeadlessSynthesizer::Cancel(UtteranceID utterance)
 {
     if (utterance > m_forgotten)
-        m_orders[utterance - m_forgotten - 1].cancelled = true;
+        m_orders.begin()[static_cast<std::ptrdiff_t>(utterance - m_forgotten) - 1].cancelled = true;
     m_jobs.erase(std::remove_if(m_jobs.begin(), m_jobs.end(), [&](const Job& job) { return job.id == utterance; }),
                  m_jobs.end());
     if (m_jobs.empty())
