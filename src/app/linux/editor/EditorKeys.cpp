@@ -25,17 +25,17 @@ void CEditorView::Move(std::size_t position, bool select)
     CaretMoved();
 }
 
-std::size_t CEditorView::NextCharacter(std::size_t position)
+std::size_t CEditorView::Next(std::size_t position, QTextLayout::CursorMode over)
 {
     const CTextBuffer& buffer = m_text.Buffer();
     const std::size_t block = buffer.BlockAt(position);
     if (position >= buffer.BlockEnd(block))
         return buffer.BlockBehind(block);
     const CBlockLayout& layout = LayoutOf(block);
-    return layout.PositionOf(layout.Layout().nextCursorPosition(layout.IndexOf(position)));
+    return layout.PositionOf(layout.Layout().nextCursorPosition(layout.IndexOf(position), over));
 }
 
-std::size_t CEditorView::PreviousCharacter(std::size_t position)
+std::size_t CEditorView::Previous(std::size_t position, QTextLayout::CursorMode over)
 {
     const CTextBuffer& buffer = m_text.Buffer();
     std::size_t block = buffer.BlockAt(position);
@@ -47,32 +47,7 @@ std::size_t CEditorView::PreviousCharacter(std::size_t position)
         position = buffer.BlockEnd(block);
     }
     const CBlockLayout& layout = LayoutOf(block);
-    return layout.PositionOf(layout.Layout().previousCursorPosition(layout.IndexOf(position)));
-}
-
-std::size_t CEditorView::NextWord(std::size_t position)
-{
-    const CTextBuffer& buffer = m_text.Buffer();
-    const std::size_t block = buffer.BlockAt(position);
-    if (position >= buffer.BlockEnd(block))
-        return buffer.BlockBehind(block);
-    const CBlockLayout& layout = LayoutOf(block);
-    return layout.PositionOf(layout.Layout().nextCursorPosition(layout.IndexOf(position), QTextLayout::SkipWords));
-}
-
-std::size_t CEditorView::PreviousWord(std::size_t position)
-{
-    const CTextBuffer& buffer = m_text.Buffer();
-    std::size_t block = buffer.BlockAt(position);
-    if (position == buffer.BlockBegin(block)) {
-        if (block == 0)
-            return 0;
-        if (buffer.EndsLine(--block))
-            return buffer.BlockEnd(block);
-        position = buffer.BlockEnd(block);
-    }
-    const CBlockLayout& layout = LayoutOf(block);
-    return layout.PositionOf(layout.Layout().previousCursorPosition(layout.IndexOf(position), QTextLayout::SkipWords));
+    return layout.PositionOf(layout.Layout().previousCursorPosition(layout.IndexOf(position), over));
 }
 
 // Up and down the caret keeps its distance from the left edge, also over shorter rows.

@@ -4,6 +4,7 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <QElapsedTimer>
+#include <QTextLayout>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -45,8 +46,8 @@ public:
     // The row that holds a place, without its line end.
     std::pair<std::size_t, std::size_t> RowAround(std::size_t position);
     std::pair<std::size_t, std::size_t> WordAround(std::size_t position);
-    std::size_t NextCharacter(std::size_t position);
-    std::size_t PreviousCharacter(std::size_t position);
+    std::size_t NextCharacter(std::size_t position) { return Next(position, QTextLayout::SkipCharacters); }
+    std::size_t PreviousCharacter(std::size_t position) { return Previous(position, QTextLayout::SkipCharacters); }
 
 protected:
     bool event(QEvent* event) override;
@@ -105,8 +106,10 @@ private:
     bool TypeByKey(QKeyEvent& event);
     void Move(std::size_t position, bool select);
     void MoveRows(int rows, bool select);
-    std::size_t NextWord(std::size_t position);
-    std::size_t PreviousWord(std::size_t position);
+    std::size_t NextWord(std::size_t position) { return Next(position, QTextLayout::SkipWords); }
+    std::size_t PreviousWord(std::size_t position) { return Previous(position, QTextLayout::SkipWords); }
+    std::size_t Next(std::size_t position, QTextLayout::CursorMode over);
+    std::size_t Previous(std::size_t position, QTextLayout::CursorMode over);
     void EraseTo(std::size_t position, bool wordwise);
 
     void SelectTo(std::size_t position);
