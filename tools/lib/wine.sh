@@ -4,7 +4,9 @@
 
 # Quiet, without the components for web pages and managed programs, which would ask to be fetched.
 wine_environment() {
-    export WINEPREFIX=$desktop/prefix WINEARCH=${1:-win64} WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
+    local width
+    width=$(getconf LONG_BIT) # Of the programs around us, not of the processor.
+    export WINEPREFIX=$desktop/prefix WINEARCH=win$width WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree,mshtml="
     unset WINESERVER WINELOADER
 }
 
