@@ -1,0 +1,95 @@
+#include "platform/windows/SystemPaths.h"
+#include "platform/windows/Text.h"
+#include "platform/windows/Win32.h"
+
+namespace platform::windowsdesktop {
+namespace {
+constexpr std::wstring_view LongForm = L"\\\\?\\";
+constexpr std::uint32_t DiskQuotaExceeded = 1295;  // Not every set of headers names it.
+
+// The 8.3 form of an existing path; the path itself where the disk keeps none.
+std::wstring ShortPath(const std::wstring& path)
+{
+    std::wstring shortPath(GetShortPathNameW(path.c_str(), nullptr, 0), L'\0');
+    const DWORD length = GetShortPathNameW(path.c_str(), shortPath.data(), static_cast<DWORD>(shortPath.size()));
+    if (length == 0 || length >= shortPath.size())
+        return path;
+    shortPath.resize(length);
+    return shortPath;
+}
+}
+
+CFailure FailureOfError(std::uint32_t error)
+{
+    switch (error) {
+    case ERROR_FILE_NOT_FOUND:
+        return failure::FileNotFound();
+    case ERROR_PATH_NOT_FOUND:
+    case ERROR_INVALID_DRIVE:
+    case ERROR_BAD_NETPATH:
+    case ERROR_BAD_NET_NAME:
+    case ERROR_DIRECTORY:
+    case ERROR_CANT_RESOLVE_FILENAME:
+        return failure::PathNotFound();
+    case ERROR_ACCESS_DENIED:
+    case ERROR_WRITE_PROTECT:
+    case ERROR_FILE_EXISTS:
+    case ERROR_ALREADY_EXISTS:
+        return failure::PathFileAccess();
+    case ERROR_SHARING_VIOLATION:
+    case ERROR_LOCK_VIOLATION:
+    case ERROR_USER_MAPPED_FILE:
+    case ERROR_DELETE_PENDING:
+    case ERROR_UNABLE_TO_REMOVE_REPLACED:
+        return failure::PermissionDenied();
+    case ERROR_DISK_FULL:
+    case ERROR_HANDLE_DISK_FULL:
+    case DiskQuotaExceeded:
+    case ERROR_FILE_TOO_LARGE:
+        return failure::DiskFull();
+    case ERROR_INVALID_NAME:
+    case ERROR_BAD_PATHNAME:
+    case ERROR_FILENAME_EXCED_RANGE:
+    case ERROR_INVALID_PARAMETER:
+        return failure::BadFileName();
+    case ERROR_NOT_ENOUGH_MEMORY:
+    case ERROR_OUTOFMEMORY:
+    case ERROR_COMMITMENT_LIMIT:
+        return failure::OutOfMemory();
+    default:
+        return failure::DeviceError();
+    }
+}
+
+std::wstring AbsolutePath(const std::string& path)
+{
+    if (path.empty())
+        throw failure::PathFileAccess();
+    if (path.find('\0') != std::string::npos)
+        throw failure::BadFileName();
+    wchar_t full[MAX_PATH] = {};
+    const DWORD length = GetFullPathNameW(ToWide(path).c_str(), MAX_PATH, full, nullptr);
+    if (length == 0 || length >= MAX_PATH)
+        throw failure::BadFileName();
+    return std::wstring(full, length);
+}
+
+std::wstring WithoutLengthLimit(const std::wstring& absolute)
+{
+    if (absolute.starts_with(LongForm) || absolute.starts_with(L"\\\\.\\"))
+        return absolute;
+    if (absolute.starts_with(L"\\\\"))
+        return std::wstring(LongForm) + L"UNC" + absolute.substr(1);
+    return std::wstring(LongForm) + absolute;
+}
+
+std::wstring FolderOf(const std::wstring& absolute) { return absolute.substr(0, absolute.rfind(L'\\') + 1); }
+
+std::string AnsiPath(const std::wstring& path)
+{
+    const std::string text = FromWide(path);
+    const std::string ansi = ToAnsi(text);
+    return FromAnsi(ansi) == text ? ansi : ToAnsi(FromWide(ShortPath(path)));
+}
+
+}

@@ -1,0 +1,169 @@
+#include "platform/windows/WholeFile.h"
+#include "platform/windows/Handle.h"
+#include "platform/windows/SystemPaths.h"
+#include <algorithm>
+#include <limits>
+
+namespace platform::windowsdesktop {
+namespace {
+constexpr DWORD Everybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr std::size_t PieceSize = 1 << 20;
+constexpr int NamesTried = 100;
+
+CHandle OpenFile(const std::wstring& path, DWORD access, DWORD sharing)
+{
+    return CHandle(CreateFileW(path.c_str(), access, sharing, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+bool LiesOnADisk(const CHandle& file) { return GetFileType(file.Get()) == FILE_TYPE_DISK; }
+
+std::size_t SizeOf(const CHandle& file)
+{
+    LARGE_INTEGER size = {};
+    if (GetFileSizeEx(file.Get(), &size) == 0 || size.QuadPart > std::numeric_limits<std::ptrdiff_t>::max() / 2)
+        return 0;
+    return static_cast<std::size_t>(size.QuadPart);
+}
+
+// Reads until the end, whatever the size was when the file was opened.
+std::optional<std::string> ReadToEnd(const CHandle& file, std::uint32_t& error)
+{
+    std::string bytes(SizeOf(file) + 1, '\0');
+    for (std::size_t used = 0;;) {
+        if (used == bytes.size())
+            bytes.resize(used + PieceSize);
+        DWORD got = 0;
+        const auto wanted = static_cast<DWORD>(std::min(bytes.size() - used, PieceSize));
+        if (ReadFile(file.Get(), bytes.data() + used, wanted, &got, nullptr) == 0) {
+            error = GetLastError();
+            return std::nullopt;
+        }
+        used += got;
+        if (got == 0) {
+            bytes.resize(used);
+            return bytes;
+        }
+    }
+}
+
+void WriteAll(const CHandle& file, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        const auto wanted = static_cast<DWORD>(std::min(bytes.size(), PieceSize));
+        if (WriteFile(file.Get(), bytes.data(), wanted, &written, nullptr) == 0)
+            throw FailureOfError(GetLastError());
+        if (written == 0)
+            throw failure::DiskFull();
+        bytes.remove_prefix(written);
+    }
+}
+
+std::wstring PathBehindLinks(const CHandle& file, const std::wstring& path)
+{
+    std::wstring real(GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
+    const auto room = static_cast<DWORD>(real.size());
+    const DWORD length = GetFinalPathNameByHandleW(file.Get(), real.data(), room, FILE_NAME_NORMALIZED);
+    if (length == 0 || length >= room)
+        return path;
+    real.resize(length);
+    return real;
+}
+
+bool IsThere(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
+
+// Whether the file exists; it must then be one that may be written. `place` becomes the file itself.
+bool MayBeReplaced(std::wstring& place)
+{
+    const DWORD attributes = GetFileAttributesW(place.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES && GetLastError() == ERROR_FILE_NOT_FOUND)
+        return false;
+    if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0)
+        throw failure::PathFileAccess();
+    const CHandle file = OpenFile(place, GENERIC_WRITE, Everybody);
+    if (!file.Open())
+        throw FailureOfError(GetLastError());
+    if (!LiesOnADisk(file))
+        throw failure::PathFileAccess();
+    place = WithoutLengthLimit(PathBehindLinks(file, place));
+    return true;
+}
+
+// A new file in the folder, under a name that no other file has.
+std::wstring MakeNewFile(const std::wstring& folder)
+{
+    static std::uint32_t number = GetTickCount();
+    for (int tried = 0; tried < NamesTried; ++tried) {
+        const std::wstring path =
+            folder + L"~plr" + std::to_wstring((GetCurrentProcessId() + ++number) % 1'000'000) + L".tmp";
+        const CHandle file(CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+        if (file.Open())
+            return path;
+        if (GetLastError() != ERROR_FILE_EXISTS)
+            break;
+    }
+    throw FailureOfError(GetLastError());
+}
+}
+
+std::optional<std::string> ReadWhole(const std::wstring& path, std::uint32_t& error)
+{
+    const CHandle file = OpenFile(path, GENERIC_READ, Everybody);
+    if (!file.Open()) {
+        error = GetLastError();
+        return std::nullopt;
+    }
+    if (!LiesOnADisk(file)) {
+        error = ERROR_ACCESS_DENIED;
+        return std::nullopt;
+    }
+    return ReadToEnd(file, error);
+}
+
+CReplacement::CReplacement(const std::wstring& path) : m_place(WithoutLengthLimit(path))
+{
+    m_existed = MayBeReplaced(m_place);
+    m_temporary = MakeNewFile(FolderOf(m_place));
+}
+
+// A new file whose former one is gone holds the only content that there is.
+CReplacement::~CReplacement()
+{
+    if (!m_put && (!m_existed || IsThere(m_place)))
+        DeleteFileW(m_temporary.c_str());
+}
+
+void CReplacement::Write(std::string_view text, std::string_view end)
+{
+    const CHandle file(
+        CreateFileW(m_temporary.c_str(), GENERIC_WRITE, 0, nullptr, TRUNCATE_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file.Open())
+        throw FailureOfError(GetLastError());
+    WriteAll(file, text);
+    WriteAll(file, end);
+    if (FlushFileBuffers(file.Get()) == 0)
+        throw FailureOfError(GetLastError());
+}
+
+bool CReplacement::Replace() const
+{
+    if (!m_existed)
+        return MoveFileExW(m_temporary.c_str(), m_place.c_str(), MOVEFILE_WRITE_THROUGH) != 0;
+    return ReplaceFileW(m_place.c_str(), m_temporary.c_str(), nullptr, REPLACEFILE_IGNORE_MERGE_ERRORS, nullptr, nullptr) !=
+           0;
+}
+
+// Disks of other systems cannot replace but can move over.
+void CReplacement::Put()
+{
+    m_put = Replace();
+    if (m_put)
+        return;
+    const DWORD error = GetLastError();
+    m_put = m_existed &&
+            MoveFileExW(m_temporary.c_str(), m_place.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    if (!m_put)
+        throw FailureOfError(error);
+}
+
+}

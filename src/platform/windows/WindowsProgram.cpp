@@ -1,0 +1,14 @@
+#include "platform/windows/WindowsProgram.h"
+#include "platform/windows/Win32.h"
+#include <cstdlib>
+
+namespace platform::windowsdesktop {
+
+// Libraries are not told: one that waits for another thread at its end would keep the process.
+void CWindowsProgram::End()
+{
+    TerminateProcess(GetCurrentProcess(), 0);
+    std::abort();
+}
+
+}
