@@ -1,0 +1,101 @@
+#include "platform/windows/com/Dispatch.h"
+#include "platform/Failure.h"
+#include "platform/windows/com/Failures.h"
+#include <vector>
+
+namespace platform::windowsdesktop::com {
+namespace {
+
+// As COM wants them: the last first. Borrows the values.
+std::vector<VARIANT> Reversed(Arguments arguments)
+{
+    const CVariant* end = arguments.end();
+    while (end != arguments.begin() && std::prev(end)->IsOmitted())
+        --end;
+    std::vector<VARIANT> values;
+    while (end != arguments.begin())
+        values.push_back((--end)->Raw());
+    return values;
+}
+
+}
+
+DISPID CDispatch::IDOf(const wchar_t* member) const
+{
+    if (!m_object)
+        throw failure::ObjectNotSet();
+    if (const auto known = m_ids->find(member); known != m_ids->end())
+        return known->second;
+    const COutgoingCall call;
+    std::wstring name = member;
+    LPOLESTR names[] = {name.data()};
+    DISPID id = DISPID_UNKNOWN;
+    Check(m_object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id));
+    m_ids->emplace(member, id);
+    return id;
+}
+
+void CDispatch::Invoke(DISPID member, WORD flags, DISPPARAMS& parameters, VARIANT* result) const
+{
+    if (!m_object)
+        throw failure::ObjectNotSet();
+    const COutgoingCall call;
+    const CInterface<IDispatch> object = m_object;  // The call may end with our owner gone.
+    CException exception;
+    UINT badArgument = 0;
+    const HRESULT answer =
+        object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, result, exception.Receive(), &badArgument);
+    if (answer == DISP_E_EXCEPTION)
+        throw exception.Failure();
+    Check(answer);
+}
+
+void CDispatch::InvokeWith(DISPID member, WORD flags, Arguments arguments, VARIANT* result) const
+{
+    std::vector<VARIANT> values = Reversed(arguments);
+    DISPPARAMS parameters{values.empty() ? nullptr : values.data(), nullptr, static_cast<UINT>(values.size()), 0};
+    Invoke(member, flags, parameters, result);
+}
+
+CVariant CDispatch::Get(const wchar_t* property) const
+{
+    CVariant result;
+    InvokeWith(IDOf(property), DISPATCH_PROPERTYGET, {}, &result.Raw());
+    return result;
+}
+
+CVariant CDispatch::GetIndexed(const wchar_t* property, Arguments arguments) const
+{
+    CVariant result;
+    InvokeWith(IDOf(property), DISPATCH_METHOD | DISPATCH_PROPERTYGET, arguments, &result.Raw());
+    return result;
+}
+
+CVariant CDispatch::Enumeration() const
+{
+    CVariant result;
+    InvokeWith(DISPID_NEWENUM, DISPATCH_METHOD | DISPATCH_PROPERTYGET, {}, &result.Raw());
+    return result;
+}
+
+void CDispatch::Put(const wchar_t* property, const CVariant& value) const
+{
+    VARIANT borrowed = value.Raw();
+    DISPID name = DISPID_PROPERTYPUT;
+    DISPPARAMS parameters{&borrowed, &name, 1, 1};
+    Invoke(IDOf(property), DISPATCH_PROPERTYPUT, parameters, nullptr);
+}
+
+CVariant CDispatch::Call(const wchar_t* method, Arguments arguments) const
+{
+    CVariant result;
+    InvokeWith(IDOf(method), DISPATCH_METHOD, arguments, &result.Raw());
+    return result;
+}
+
+void CDispatch::Run(const wchar_t* method, Arguments arguments) const
+{
+    InvokeWith(IDOf(method), DISPATCH_METHOD, arguments, nullptr);
+}
+
+}
