@@ -1,0 +1,129 @@
+#include "windows/standins/Engine.h"
+#include <array>
+
+namespace standins {
+
+const CLSID EngineClass = {0xD45FD31B, 0x5C6E, 0x11D1, {0x9E, 0xC1, 0x00, 0xC0, 0x4F, 0xD7, 0x08, 0x1F}};
+const CLSID SpeechClass = {0xEEE78591, 0xFE22, 0x11D0, {0x8B, 0xEF, 0x00, 0x60, 0x08, 0x18, 0x41, 0xDE}};
+const IID SpeechInterface = {0xEEE78590, 0xFE22, 0x11D0, {0x8B, 0xEF, 0x00, 0x60, 0x08, 0x18, 0x41, 0xDE}};
+
+namespace {
+
+constexpr wchar_t ProgramName[] = L"Agent.Control.2";
+constexpr wchar_t EngineText[] = L"{D45FD31B-5C6E-11D1-9EC1-00C04FD7081F}";
+constexpr wchar_t SpeechText[] = L"{EEE78591-FE22-11D0-8BEF-0060081841DE}";
+// The interfaces that are IDispatch by another name, which the system's own proxy for IDispatch carries between processes.
+constexpr std::array<const wchar_t*, 3> DispatchInterfaces{L"{F5BE8BD4-7DE6-11D0-91FE-00C04FD701A5}",
+                                                           L"{6C1F2B70-52D3-4E0A-9B1C-3D587720A4E1}",
+                                                           L"{EEE78590-FE22-11D0-8BEF-0060081841DE}"};
+constexpr wchar_t DispatchProxy[] = L"{00020420-0000-0000-C000-000000000046}";
+
+class CFactory final : public IClassFactory {
+public:
+    explicit CFactory(Maker make) : m_make(std::move(make)) {}
+    STDMETHODIMP QueryInterface(REFIID id, void** object) override
+    {
+        const bool known = id == IID_IUnknown || id == IID_IClassFactory;
+        *object = known ? this : nullptr;
+        if (known)
+            AddRef();
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    STDMETHODIMP_(ULONG) AddRef() override { return ++m_references; }
+    STDMETHODIMP_(ULONG) Release() override
+    {
+        const ULONG left = --m_references;
+        if (left == 0)
+            delete this;
+        return left;
+    }
+    STDMETHODIMP CreateInstance(IUnknown* outer, REFIID id, void** object) override
+    try {
+        *object = nullptr;
+        if (outer)
+            return CLASS_E_NOAGGREGATION;
+        const CRef<IDispatch> made = m_make();
+        return made->QueryInterface(id, object);
+    } catch (const CComFailure& failure) {
+        return failure.code;
+    } catch (...) {
+        return E_UNEXPECTED;
+    }
+    STDMETHODIMP LockServer(BOOL) override { return S_OK; }
+
+private:
+    virtual ~CFactory() = default;
+    Maker m_make;
+    std::atomic<ULONG> m_references{1};
+};
+
+bool SetDefault(const std::wstring& key, const std::wstring& text)
+{
+    HKEY handle = nullptr;
+    if (RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &handle, nullptr) !=
+        ERROR_SUCCESS)
+        return false;
+    const DWORD bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
+    const bool done =
+        RegSetValueExW(handle, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), bytes) == ERROR_SUCCESS;
+    RegCloseKey(handle);
+    return done;
+}
+
+bool RegisterClass(const wchar_t* id, const std::string& server, const std::wstring& file)
+{
+    const std::wstring key = std::wstring(L"CLSID\\") + id;
+    return SetDefault(key, L"Stand-in for tests") && SetDefault(key + L"\\" + Wide(server), file);
+}
+
+void Delete(const std::wstring& key) { RegDeleteTreeW(HKEY_CLASSES_ROOT, key.c_str()); }
+
+DWORD Serve(REFCLSID id, Maker make)
+{
+    DWORD cookie = 0;
+    const CRef<IClassFactory> factory = NewFactory(std::move(make));
+    CoRegisterClassObject(id, factory.Get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie);
+    return cookie;
+}
+
+}
+
+CRef<IClassFactory> NewFactory(Maker make) { return CRef<IClassFactory>::Adopt(new CFactory(std::move(make))); }
+
+CInProcess::CInProcess(const std::shared_ptr<CScene>& scene, bool engine, bool speech)
+{
+    RegisterProgramName();
+    if (engine)
+        m_engine = Serve(EngineClass, [scene] { return NewControl(scene); });
+    if (speech)
+        m_speech = Serve(SpeechClass, [scene] { return NewSpeech(scene); });
+}
+
+CInProcess::~CInProcess()
+{
+    for (const DWORD cookie : {m_engine, m_speech})
+        if (cookie != 0)
+            CoRevokeClassObject(cookie);
+    Unregister();
+}
+
+bool RegisterProgramName() { return SetDefault(std::wstring(ProgramName) + L"\\CLSID", EngineText); }
+
+bool Register(const std::string& server, const std::wstring& file)
+{
+    bool done = RegisterProgramName() && RegisterClass(EngineText, server, file) && RegisterClass(SpeechText, server, file);
+    for (const wchar_t* id : DispatchInterfaces)
+        done = SetDefault(std::wstring(L"Interface\\") + id + L"\\ProxyStubClsid32", DispatchProxy) && done;
+    return done;
+}
+
+void Unregister()
+{
+    Delete(ProgramName);
+    for (const wchar_t* id : {EngineText, SpeechText})
+        Delete(std::wstring(L"CLSID\\") + id);
+    for (const wchar_t* id : DispatchInterfaces)
+        Delete(std::wstring(L"Interface\\") + id);
+}
+
+}

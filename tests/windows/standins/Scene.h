@@ -1,0 +1,66 @@
+#pragma once
+#include "windows/standins/Log.h"
+#include "windows/standins/Loop.h"
+#include "windows/standins/Script.h"
+#include <memory>
+#include <optional>
+
+namespace standins {
+
+class CCharacterState;
+class CClient;
+class CTypes;
+
+// By which interfaces a control tells its event interface.
+enum class ClassInfo { Both, One, Library, None };
+// What requests do by themselves: run to their end, start and stay, not even start.
+enum class Hold { Off, Running, Pending };
+
+struct CVoice {
+    std::string modeID, modeName;
+    std::int32_t language = 0x0409;
+};
+
+// What a set of stand-ins shares: what they recorded, how they shall behave, and what lives at the moment.
+class CScene : public std::enable_shared_from_this<CScene> {
+public:
+    CScene();
+    CScene(const CScene&) = delete;
+    CScene& operator=(const CScene&) = delete;
+    ~CScene();
+
+    CLog log;
+    CScript script;
+    CLoop loop;
+    long livingObjects = 0;
+
+    bool disconnected = false;  // Every call gives RPC_E_DISCONNECTED.
+    ClassInfo classInfo = ClassInfo::Both;
+    bool ownEvents = false;  // Event identifiers of our own.
+    Hold hold = Hold::Off;
+    unsigned requestMilliseconds = 5;
+    std::vector<CVoice> voices;
+    std::vector<std::string> animations;
+    std::optional<std::string> defaultCharacter = "Merlin";  // Its name; nothing: there is none.
+    bool halfMadeGivesDefault =
+        false;  // What the half-made entry of a failed Load gives: the default character or an error.
+    std::vector<std::pair<std::string, std::string>> initialValues;  // Of characters that are loaded from now on.
+    std::vector<std::weak_ptr<CClient>> clients;
+    std::vector<std::weak_ptr<CCharacterState>> characters;
+    std::int32_t lastRequest = 0;
+
+    // One command as the README tells. False when it is not understood; then nothing is done.
+    bool Tell(const std::string& command);
+    void RunInsideCall(const std::string& command);  // Its events are raised before it returns.
+    // Runs work from the loop, or at once inside a call that a rule makes busy.
+    void Later(std::function<void()> work);
+    // The character that any control has under the id; null when there is none.
+    std::shared_ptr<CCharacterState> Character(const std::string& id) const;
+    CTypes& Types();
+
+private:
+    std::unique_ptr<CTypes> m_types;
+    bool m_insideCall = false;
+};
+
+}
