@@ -6,6 +6,9 @@
 namespace platform::windowsdesktop::com {
 namespace {
 
+// The names are English wherever the program runs; asked in a language of which it has no pack, a spreadsheet fails.
+constexpr LCID NamesLanguage = 0x0409;
+
 // As COM wants them: the last first. Borrows the values.
 std::vector<VARIANT> Reversed(Arguments arguments)
 {
@@ -30,7 +33,7 @@ DISPID CDispatch::IDOf(const wchar_t* member) const
     std::wstring name = member;
     LPOLESTR names[] = {name.data()};
     DISPID id = DISPID_UNKNOWN;
-    Check(m_object->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &id));
+    Check(m_object->GetIDsOfNames(IID_NULL, names, 1, NamesLanguage, &id));
     m_ids->emplace(member, id);
     return id;
 }
@@ -44,7 +47,7 @@ void CDispatch::Invoke(DISPID member, WORD flags, DISPPARAMS& parameters, VARIAN
     CException exception;
     UINT badArgument = 0;
     const HRESULT answer =
-        object->Invoke(member, IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, result, exception.Receive(), &badArgument);
+        object->Invoke(member, IID_NULL, NamesLanguage, flags, &parameters, result, exception.Receive(), &badArgument);
     if (answer == DISP_E_EXCEPTION)
         throw exception.Failure();
     Check(answer);
