@@ -15,6 +15,7 @@ inline constexpr wchar_t PageClass[] = L"ParlunePage";  // A page of a tab strip
 // Below these are the identifiers that dialogs use for themselves.
 inline constexpr int FirstControlId = 1000;
 inline constexpr int FirstCommandId = 4000;
+inline constexpr int FirstToolButtonId = 3000;  // The tool bar's buttons, from left to right.
 
 // The identifier of a native control: it counts the rows of its form's table. 0 when the table has no such control. Controls
 // stand in the window itself or in pages at any depth, so look for the identifier among all windows below the form's one.
