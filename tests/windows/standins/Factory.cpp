@@ -1,4 +1,5 @@
 #include "windows/standins/Engine.h"
+#include "windows/standins/Registry.h"
 #include <array>
 
 namespace standins {
@@ -57,26 +58,11 @@ private:
     std::atomic<ULONG> m_references{1};
 };
 
-bool SetDefault(const std::wstring& key, const std::wstring& text)
-{
-    HKEY handle = nullptr;
-    if (RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr, &handle, nullptr) !=
-        ERROR_SUCCESS)
-        return false;
-    const DWORD bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-    const bool done =
-        RegSetValueExW(handle, nullptr, 0, REG_SZ, reinterpret_cast<const BYTE*>(text.c_str()), bytes) == ERROR_SUCCESS;
-    RegCloseKey(handle);
-    return done;
-}
-
 bool RegisterClass(const wchar_t* id, const std::string& server, const std::wstring& file)
 {
     const std::wstring key = std::wstring(L"CLSID\\") + id;
-    return SetDefault(key, L"Stand-in for tests") && SetDefault(key + L"\\" + Wide(server), file);
+    return SetClassesDefault(key, L"Stand-in for tests") && SetClassesDefault(key + L"\\" + Wide(server), file);
 }
-
-void Delete(const std::wstring& key) { RegDeleteTreeW(HKEY_CLASSES_ROOT, key.c_str()); }
 
 DWORD Serve(REFCLSID id, Maker make)
 {
@@ -107,23 +93,23 @@ CInProcess::~CInProcess()
     Unregister();
 }
 
-bool RegisterProgramName() { return SetDefault(std::wstring(ProgramName) + L"\\CLSID", EngineText); }
+bool RegisterProgramName() { return SetClassesDefault(std::wstring(ProgramName) + L"\\CLSID", EngineText); }
 
 bool Register(const std::string& server, const std::wstring& file)
 {
     bool done = RegisterProgramName() && RegisterClass(EngineText, server, file) && RegisterClass(SpeechText, server, file);
     for (const wchar_t* id : DispatchInterfaces)
-        done = SetDefault(std::wstring(L"Interface\\") + id + L"\\ProxyStubClsid32", DispatchProxy) && done;
+        done = SetClassesDefault(std::wstring(L"Interface\\") + id + L"\\ProxyStubClsid32", DispatchProxy) && done;
     return done;
 }
 
 void Unregister()
 {
-    Delete(ProgramName);
+    DeleteClassesKey(ProgramName);
     for (const wchar_t* id : {EngineText, SpeechText})
-        Delete(std::wstring(L"CLSID\\") + id);
+        DeleteClassesKey(std::wstring(L"CLSID\\") + id);
     for (const wchar_t* id : DispatchInterfaces)
-        Delete(std::wstring(L"Interface\\") + id);
+        DeleteClassesKey(std::wstring(L"Interface\\") + id);
 }
 
 }

@@ -2,6 +2,7 @@
 #include "windows/standins/Log.h"
 #include "windows/standins/Loop.h"
 #include "windows/standins/Script.h"
+#include <map>
 #include <memory>
 #include <optional>
 
@@ -19,6 +20,15 @@ enum class Hold { Off, Running, Pending };
 struct CVoice {
     std::string modeID, modeName;
     std::int32_t language = 0x0409;
+};
+
+// What the running Word and Excel hold.
+struct COffice {
+    std::string document, selection;
+    std::int32_t rows = 1, columns = 1;
+    std::map<std::pair<std::int32_t, std::int32_t>, CValue> cells;  // By row and column, counted from 1; others are empty.
+    std::string selected = "range";
+    DWORD word = 0, excel = 0;  // Their registrations in the running-object table.
 };
 
 // What a set of stand-ins shares: what they recorded, how they shall behave, and what lives at the moment.
@@ -48,6 +58,8 @@ public:
     std::vector<std::weak_ptr<CClient>> clients;
     std::vector<std::weak_ptr<CCharacterState>> characters;
     std::int32_t lastRequest = 0;
+    COffice office;
+    std::function<void()> quit;  // Ends the server's program; empty where there is none.
 
     // One command as the README tells. False when it is not understood; then nothing is done.
     bool Tell(const std::string& command);

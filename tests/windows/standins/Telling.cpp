@@ -1,67 +1,13 @@
 #include "windows/standins/Telling.h"
 #include "windows/standins/Character.h"
+#include "windows/standins/Office.h"
+#include "windows/standins/Order.h"
 #include "windows/standins/TypeInformation.h"
-#include "windows/standins/Words.h"
 #include <algorithm>
 #include <map>
 
 namespace standins {
 namespace {
-
-struct CNotUnderstood {};
-
-void Require(bool condition)
-{
-    if (!condition)
-        throw CNotUnderstood{};
-}
-
-// A command in parts, read one after another.
-class COrder {
-public:
-    COrder(CScene& owner, const std::string& command) : scene(owner), m_command(command), m_words(SplitWords(command)) {}
-    CScene& scene;
-    bool Empty() const { return m_next >= m_words.size(); }
-    std::string Word()
-    {
-        Require(!Empty());
-        return m_words[m_next++].text;
-    }
-    std::string WordOr(const std::string& otherwise) { return Empty() ? otherwise : Word(); }
-    bool Skip(const char* word)  // Whether this is the next one, which is then read.
-    {
-        const bool here = !Empty() && m_words[m_next].text == word;
-        m_next += here ? 1 : 0;
-        return here;
-    }
-    std::int32_t Number()
-    {
-        const auto number = NumberOf(Word());
-        Require(number.has_value());
-        return number.value_or(0);
-    }
-    std::int32_t NumberOr(std::int32_t otherwise) { return Empty() ? otherwise : Number(); }
-    DWORD Milliseconds() { return Skip("forever") ? INFINITE : static_cast<DWORD>(Number()); }
-    std::string Rest()
-    {
-        Require(!Empty());
-        const std::size_t begin = m_words[m_next].begin;
-        m_next = m_words.size();
-        return m_command.substr(begin);
-    }
-    bool Switch()
-    {
-        const bool on = Skip("on");
-        Require(on || Skip("off"));
-        return on;
-    }
-    void End() const { Require(Empty()); }
-
-private:
-    std::string m_command;
-    std::vector<CWord> m_words;
-    std::size_t m_next = 0;
-};
 
 std::vector<std::shared_ptr<CClient>> Clients(CScene& scene)
 {
@@ -281,6 +227,12 @@ void Die(COrder& order)
     order.scene.Later([] { TerminateProcess(GetCurrentProcess(), 9); });
 }
 
+void Quit(COrder& order)
+{
+    Require(static_cast<bool>(order.scene.quit));
+    order.scene.Later(order.scene.quit);
+}
+
 using Handler = void (*)(COrder&);
 
 const std::map<std::string, Handler>& Handlers()
@@ -310,7 +262,10 @@ const std::map<std::string, Handler>& Handlers()
         {"hang", Hang},
         {"disconnect", [](COrder& order) { order.scene.disconnected = true; }},
         {"connect", [](COrder& order) { order.scene.disconnected = false; }},
-        {"die", Die}};
+        {"die", Die},
+        {"quit", Quit},
+        {"word", ObeyWord},
+        {"excel", ObeyExcel}};
     return handlers;
 }
 

@@ -40,6 +40,14 @@ class CScene;
 //   hang MILLISECONDS|forever    the server sleeps, from its message loop
 //   disconnect, connect      every call gives RPC_E_DISCONNECTED; no more
 //   die                      the server's process ends at once
+//   quit                     the same in good order; only where the server is a program of its own
+//
+//   word here|gone           registers the running Word, or takes it away
+//   word document TEXT, word selection TEXT      \0 in quotes is a NUL
+//   excel here|gone          the same for Excel
+//   excel size ROWS COLUMNS  the selection; its cells are empty then
+//   excel cell ROW COLUMN KIND [VALUE]   KIND: text number short long date money truth error empty null
+//   excel selection range|chart|nothing|text     what is selected
 //
 // Gives false when the command is not understood; then nothing was done.
 bool Obey(CScene& scene, const std::string& command);

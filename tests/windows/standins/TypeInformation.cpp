@@ -29,6 +29,26 @@ std::string Lowered(std::string letters)
     return letters;
 }
 
+// Every dispatch interface inherits that of the system.
+CRef<ITypeInfo> SystemDispatch()
+{
+    constexpr GUID systemLibrary = {0x00020430, 0, 0, {0xC0, 0, 0, 0, 0, 0, 0, 0x46}};
+    CRef<ITypeLib> library;
+    CRef<ITypeInfo> dispatch;
+    Check(LoadRegTypeLib(systemLibrary, 2, 0, LOCALE_NEUTRAL, library.Receive()));
+    Check(library->GetTypeInfoOfGuid(IID_IDispatch, dispatch.Receive()));
+    return dispatch;
+}
+
+void Inherit(ICreateTypeInfo& info, UINT index, ITypeInfo& base, int flags = 0)
+{
+    HREFTYPE reference = 0;
+    Check(info.AddRefTypeInfo(&base, &reference));
+    Check(info.AddImplType(index, reference));
+    if (flags != 0)
+        Check(info.SetImplTypeFlags(index, flags));
+}
+
 struct CFunction {
     std::string name;
     DISPID id;
@@ -93,6 +113,7 @@ CRef<ICreateTypeInfo> CTypes::MakeEvents()
 {
     const IID id = EventInterface(m_scene);
     CRef<ICreateTypeInfo> info = New("ControlEvents", TKIND_DISPATCH, &id);
+    Inherit(*info.Get(), 0, *SystemDispatch().Get());
     UINT index = 0;
     for (const CEventShape& shape : EventShapes())
         AddFunction(*info.Get(), index++, {shape.name, EventID(m_scene, shape), INVOKE_FUNC, shape.parameters, ' '});
@@ -103,6 +124,7 @@ CRef<ICreateTypeInfo> CTypes::MakeEvents()
 CRef<ICreateTypeInfo> CTypes::MakeObject(const CAutomationObject& object)
 {
     CRef<ICreateTypeInfo> info = New("Members" + object.ClassName(), TKIND_DISPATCH, nullptr);
+    Inherit(*info.Get(), 0, *SystemDispatch().Get());
     UINT index = 0;
     for (const CMember& member : object.Members())
         for (const CFunction& function : FunctionsOf(member))
@@ -134,13 +156,8 @@ try {
         CRef<ITypeInfo> members;
         Check(OfObject(control, members.Receive()));
         const CRef<ITypeInfo> events = Readable(MakeEvents());
-        HREFTYPE reference = 0;
-        Check(made->AddRefTypeInfo(members.Get(), &reference));
-        Check(made->AddImplType(0, reference));
-        Check(made->SetImplTypeFlags(0, IMPLTYPEFLAG_FDEFAULT));
-        Check(made->AddRefTypeInfo(events.Get(), &reference));
-        Check(made->AddImplType(1, reference));
-        Check(made->SetImplTypeFlags(1, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE));
+        Inherit(*made.Get(), 0, *members.Get(), IMPLTYPEFLAG_FDEFAULT);
+        Inherit(*made.Get(), 1, *events.Get(), IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE);
         Check(made->LayOut());
     }
     *info = CRef<ITypeInfo>(m_controlClass).Detach();

@@ -41,9 +41,9 @@ std::string PlainWord(const std::string& command, std::size_t& at)
 
 }
 
-std::vector<CWord> SplitWords(const std::string& command)
+std::vector<CToken> SplitWords(const std::string& command)
 {
-    std::vector<CWord> words;
+    std::vector<CToken> words;
     for (std::size_t at = 0;;) {
         while (at < command.size() && IsBlank(command[at]))
             ++at;
