@@ -72,7 +72,7 @@ std::wstring PathBehindLinks(const CHandle& file, const std::wstring& path)
 
 bool IsThere(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
 
-// Whether the file exists; it must then be one that may be written. `place` becomes the file itself.
+// Whether the file exists; it must then be one that may be written, and taken away. `place` becomes the file itself.
 bool MayBeReplaced(std::wstring& place)
 {
     const DWORD attributes = GetFileAttributesW(place.c_str());
@@ -80,7 +80,7 @@ bool MayBeReplaced(std::wstring& place)
         return false;
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0)
         throw failure::PathFileAccess();
-    const CHandle file = OpenFile(place, GENERIC_WRITE, Everybody);
+    const CHandle file = OpenFile(place, GENERIC_WRITE | DELETE, Everybody);
     if (!file.Open())
         throw FailureOfError(GetLastError());
     if (!LiesOnADisk(file))

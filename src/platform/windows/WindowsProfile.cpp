@@ -102,6 +102,28 @@ bool Apply(const Change& change, const std::wstring& path)
     return done;
 }
 
+// The path of the file; one that no file can have when the system cannot have it.
+std::string PathForService(const std::string& file)
+{
+    try {
+        return AnsiPath(AbsolutePath(file));
+    } catch (const CFailure&) {
+        return "\\\\?\\";
+    }
+}
+
+// `question` holds the default in the place of the value.
+std::string AskService(const std::string& path, const Change& question, std::size_t limit)
+{
+    const auto room = static_cast<DWORD>(std::min<std::size_t>(limit, std::numeric_limits<std::int32_t>::max()));
+    std::string bytes(std::size_t{room} + 1, '\0');
+    const DWORD count = GetPrivateProfileStringA(question.section.c_str(), OrNull(question.key), OrNull(question.value),
+                                                 bytes.data(), room, path.c_str());
+    bytes.resize(std::min(count, room));
+    const bool mayBeCut = std::size_t{count} + 2 >= room;
+    return FromAnsi(mayBeCut ? WithoutHalfCharacter(bytes) : bytes);
+}
+
 // The content of the file; "" when there is none yet.
 std::string Former(const std::wstring& path)
 {
@@ -129,15 +151,7 @@ void Replace(const std::wstring& path, const std::string& former, const Change& 
 std::string CWindowsProfile::Read(const std::string& file, const std::string& section, const std::optional<std::string>& key,
                                   const std::string& defaultValue, std::size_t limit) const
 {
-    const std::string path = AnsiPath(AbsolutePath(file));
-    const std::optional<std::string> name = Ansi(key);
-    const auto room = static_cast<DWORD>(std::min<std::size_t>(limit, std::numeric_limits<std::int32_t>::max()));
-    std::string bytes(std::size_t{room} + 1, '\0');
-    const DWORD count = GetPrivateProfileStringA(ToAnsi(section).c_str(), OrNull(name), ToAnsi(defaultValue).c_str(),
-                                                 bytes.data(), room, path.c_str());
-    bytes.resize(std::min(count, room));
-    const bool mayBeCut = std::size_t{count} + 2 >= room;
-    const std::string text = FromAnsi(mayBeCut ? WithoutHalfCharacter(bytes) : bytes);
+    const std::string text = AskService(PathForService(file), {ToAnsi(section), Ansi(key), ToAnsi(defaultValue)}, limit);
     return std::string(text::CutBetweenCharacters(text, limit == 0 ? 0 : limit - 1));
 }
 

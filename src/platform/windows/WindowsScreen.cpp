@@ -53,7 +53,7 @@ bool CWindowsScreen::ShowPointer() const
 {
     if (m_pointer != Pointer::Hourglass)
         return false;
-    SetCursor(static_cast<HCURSOR>(LoadImageW(nullptr, MAKEINTRESOURCEW(OCR_WAIT), IMAGE_CURSOR, 0, 0, LR_SHARED)));
+    SetCursor(LoadCursorA(nullptr, IDC_WAIT));
     return true;
 }
 
