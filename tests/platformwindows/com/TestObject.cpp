@@ -72,7 +72,7 @@ Answer Raising(HRESULT code, const std::wstring& description)
     };
 }
 
-long CTestObject::living = 0;
+std::atomic<long> CTestObject::living = 0;
 
 CTestObject::CTestObject(std::string name, std::shared_ptr<Journal> journal)
     : m_name(std::move(name)), m_journal(std::move(journal))

@@ -1,6 +1,7 @@
 #pragma once
 #include "platform/windows/com/Bstr.h"
 #include "platform/windows/com/Variant.h"
+#include <atomic>
 #include <functional>
 #include <map>
 #include <memory>
@@ -43,7 +44,7 @@ public:
     CTestObject(std::string name, std::shared_ptr<Journal> journal);
     CTestObject(const CTestObject&) = delete;
     CTestObject& operator=(const CTestObject&) = delete;
-    static long living;  // Objects that have not ended.
+    static std::atomic<long> living;  // Objects that have not ended.
 
     std::map<std::wstring, Answer> answers;  // Of members; others answer with nothing.
     std::set<std::wstring> missing;          // Members that it does not have.

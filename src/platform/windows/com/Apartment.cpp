@@ -11,23 +11,19 @@ namespace {
 
 bool running = true;
 
-class CCallWatch final : public IMessageReceiver {
+constexpr UINT LookAfterCalls = WM_APP;
+
+// What the message is for has happened when it arrives.
+class CWatchWindow final : public IMessageReceiver {
 public:
-    CCallWatch() : m_window(*this) { WatchCalls(m_window.Handle()); }
-    ~CCallWatch() override { WatchCalls(nullptr); }
-    bool Receive(UINT message, WPARAM wParam) override
-    {
-        if (message != WM_TIMER || wParam != CallTimer)
-            return false;
-        CallTimerTicked();
-        return true;
-    }
+    bool Receive(UINT message, WPARAM) override { return message == LookAfterCalls; }
 
 private:
-    CMessageWindow m_window;
+    CMessageWindow m_window{*this};
+    CCallWatch m_watch{m_window.Handle(), LookAfterCalls};
 };
 
-std::unique_ptr<CCallWatch> watch;
+std::unique_ptr<CWatchWindow> watchWindow;
 CMessageFilter filter;
 
 }
@@ -42,14 +38,14 @@ CComApartment::CComApartment()
 {
     com::Check(OleInitialize(nullptr));
     com::SetRunning(true);
-    com::watch = std::make_unique<com::CCallWatch>();
+    com::watchWindow = std::make_unique<com::CWatchWindow>();
     CoRegisterMessageFilter(&com::filter, nullptr);
 }
 
 CComApartment::~CComApartment()
 {
     CoRegisterMessageFilter(nullptr, nullptr);
-    com::watch.reset();
+    com::watchWindow.reset();
     com::SetRunning(false);
     OleUninitialize();
 }

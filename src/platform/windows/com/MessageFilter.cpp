@@ -20,12 +20,12 @@ DWORD CMessageFilter::HandleInComingCall(DWORD, HTASK, DWORD, LPINTERFACEINFO) {
 
 DWORD CMessageFilter::RetryRejectedCall(HTASK, DWORD milliseconds, DWORD reason)
 {
-    return reason == SERVERCALL_RETRYLATER && milliseconds < BusyMilliseconds ? RetryMilliseconds : GiveUp;
+    return reason == SERVERCALL_RETRYLATER && milliseconds < m_busyMilliseconds ? RetryMilliseconds : GiveUp;
 }
 
 DWORD CMessageFilter::MessagePending(HTASK, DWORD milliseconds, DWORD)
 {
-    return milliseconds < SilentMilliseconds ? PENDINGMSG_WAITDEFPROCESS : PENDINGMSG_CANCELCALL;
+    return milliseconds < m_silentMilliseconds ? PENDINGMSG_WAITDEFPROCESS : PENDINGMSG_CANCELCALL;
 }
 
 }

@@ -14,6 +14,10 @@ inline constexpr DWORD RetryMilliseconds = 250;
 // What this thread's calls wait for. A static object: references are not counted.
 class CMessageFilter final : public IMessageFilter {
 public:
+    explicit CMessageFilter(DWORD busyMilliseconds = BusyMilliseconds, DWORD silentMilliseconds = SilentMilliseconds)
+        : m_busyMilliseconds(busyMilliseconds), m_silentMilliseconds(silentMilliseconds)
+    {
+    }
     virtual ~CMessageFilter() = default;
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return 1; }
@@ -22,6 +26,10 @@ public:
     DWORD STDMETHODCALLTYPE HandleInComingCall(DWORD type, HTASK caller, DWORD milliseconds, LPINTERFACEINFO info) override;
     DWORD STDMETHODCALLTYPE RetryRejectedCall(HTASK server, DWORD milliseconds, DWORD reason) override;
     DWORD STDMETHODCALLTYPE MessagePending(HTASK server, DWORD milliseconds, DWORD pendingType) override;
+
+private:
+    DWORD m_busyMilliseconds;
+    DWORD m_silentMilliseconds;
 };
 #pragma GCC diagnostic pop
 

@@ -1,22 +1,55 @@
 #include "platform/windows/com/OutgoingCalls.h"
+#include <atomic>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
 namespace platform::windowsdesktop::com {
 namespace {
 
-constexpr UINT CallTimerMilliseconds = 1000;
+constexpr std::int64_t WatchMilliseconds = 1000;
+constexpr std::int64_t TicksAMillisecond = 10000;  // Of the system's times.
 
 thread_local int callDepth = 0;
+thread_local bool watched = false;
 thread_local std::vector<std::pair<HWND, UINT>> owedMessages;
-thread_local HWND watchingWindow = nullptr;
-thread_local bool timerRuns = false;
 
-// The timer is left running over the next calls, too: most are far too short for one of their own.
-void StartTimer()
+// Shared with the thread of the timer.
+std::atomic<bool> inWatchedCall = false;
+std::atomic<bool> timerRuns = false;
+std::atomic<HWND> watchWindow = nullptr;
+std::atomic<UINT> watchMessage = 0;
+PTP_TIMER watchTimer = nullptr;
+
+void RunTimer()
 {
-    if (watchingWindow && !timerRuns)
-        timerRuns = SetTimer(watchingWindow, CallTimer, CallTimerMilliseconds, nullptr) != 0;
+    ULARGE_INTEGER soon{};
+    soon.QuadPart = static_cast<ULONGLONG>(-WatchMilliseconds * TicksAMillisecond);  // Negative: from now on.
+    FILETIME due{soon.LowPart, soon.HighPart};
+    SetThreadpoolTimer(watchTimer, &due, static_cast<DWORD>(WatchMilliseconds), 0);
+}
+
+// It is left running over the next calls: most are far too short for a timer of their own.
+void RunTimerOnce()
+{
+    if (!timerRuns.exchange(true))
+        RunTimer();
+}
+
+void StopTimer()
+{
+    SetThreadpoolTimer(watchTimer, nullptr, 0, 0);
+    timerRuns = false;
+    if (inWatchedCall)  // It began in this moment and took the timer for running.
+        RunTimerOnce();
+}
+
+void CALLBACK Tick(PTP_CALLBACK_INSTANCE, void*, PTP_TIMER)
+{
+    if (inWatchedCall)
+        PostMessageW(watchWindow, watchMessage, 0, 0);
+    else
+        StopTimer();
 }
 
 void PostOwedMessages()
@@ -29,13 +62,19 @@ void PostOwedMessages()
 
 COutgoingCall::COutgoingCall()
 {
-    if (callDepth++ == 0)
-        StartTimer();
+    if (callDepth++ > 0 || !watched)
+        return;
+    inWatchedCall = true;
+    RunTimerOnce();
 }
 
 COutgoingCall::~COutgoingCall()
 {
-    if (--callDepth == 0 && !owedMessages.empty())
+    if (--callDepth > 0)
+        return;
+    if (watched)
+        inWatchedCall = false;
+    if (!owedMessages.empty())
         PostOwedMessages();
 }
 
@@ -49,19 +88,23 @@ bool PostAfterCalls(HWND window, UINT message)
     return true;
 }
 
-void WatchCalls(HWND window)
+CCallWatch::CCallWatch(HWND window, UINT message)
 {
-    if (timerRuns)
-        KillTimer(watchingWindow, CallTimer);
-    timerRuns = false;
-    watchingWindow = window;
+    watchWindow = window;
+    watchMessage = message;
+    watchTimer = CreateThreadpoolTimer(Tick, nullptr, nullptr);
+    watched = watchTimer != nullptr;
 }
 
-void CallTimerTicked()
+CCallWatch::~CCallWatch()
 {
-    if (COutgoingCall::InProgress())
+    if (!watched)
         return;
-    KillTimer(watchingWindow, CallTimer);
+    watched = false;
+    inWatchedCall = false;
+    SetThreadpoolTimer(watchTimer, nullptr, 0, 0);
+    WaitForThreadpoolTimerCallbacks(watchTimer, TRUE);
+    CloseThreadpoolTimer(std::exchange(watchTimer, nullptr));
     timerRuns = false;
 }
 

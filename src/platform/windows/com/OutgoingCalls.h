@@ -20,11 +20,15 @@ public:
 // posted at once; a later failure stays unseen.
 bool PostAfterCalls(HWND window, UINT message);
 
-// Every second of a call, `window` of this thread gets a WM_TIMER of this id; null ends that. A waiting thread looks after
-// its call only when a message arrives.
-void WatchCalls(HWND window);
-inline constexpr UINT_PTR CallTimer = 1;
-// What that window has to call for the message.
-void CallTimerTicked();
+// Whoever waits in COM for an answer looks after the call only when a message arrives. So this one posts a message to a
+// window of this thread in every second of a call. One at a time.
+class CCallWatch {
+public:
+    // Without a timer of the system, calls go unwatched.
+    CCallWatch(HWND window, UINT message);
+    ~CCallWatch();
+    CCallWatch(const CCallWatch&) = delete;
+    CCallWatch& operator=(const CCallWatch&) = delete;
+};
 
 }
