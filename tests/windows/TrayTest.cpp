@@ -124,4 +124,48 @@ TEST_F(TrayIcon, MouseOverTheMainWindowAtPlace517_OpensThePopupMenu)
     EXPECT_TRUE(Eventually([&] { return MenuIsOpen(parlune.Main()); }));
 }
 
+// The icon itself, in the window that the system opens for icons where no task bar has room for them.
+class SystemTray : public CCompanion {
+protected:
+    static HWND Bar() { return FindWindowW(L"__winex11_standalone_tray", nullptr); }
+    static bool HasIcon() { return Bar() && IsWindowVisible(Bar()); }
+    static POINT Icon()
+    {
+        const RECT bar = PlaceOf(Bar());
+        RECT inside{};
+        GetClientRect(Bar(), &inside);
+        const int border = (bar.right - bar.left - inside.right) / 2;
+        return {bar.left + border + 10, bar.bottom - border - inside.bottom / 2};
+    }
+};
+
+TEST_F(SystemTray, Start_PutsTheIconThereAndTheEndTakesItAway)
+{
+    ASSERT_FALSE(HasIcon());
+    Begin();
+    EXPECT_TRUE(Eventually(HasIcon));
+    parlune.End();
+
+    EXPECT_TRUE(Eventually([] { return !HasIcon(); }));
+}
+
+TEST_F(SystemTray, DoubleClickOnTheIcon_ShowsTheOptionsWindow)
+{
+    Begin();
+    ASSERT_TRUE(Eventually(HasIcon));
+    hand::Click(Icon());
+    hand::Click(Icon());
+
+    EXPECT_TRUE(Eventually([&] { return parlune.IsShown(); }));
+}
+
+TEST_F(SystemTray, RightClickOnTheIcon_OpensThePopupMenu)
+{
+    Begin();
+    ASSERT_TRUE(Eventually(HasIcon));
+    hand::RightClick(Icon());
+
+    EXPECT_TRUE(Eventually([&] { return MenuIsOpen(parlune.Tray()); }));
+}
+
 }
