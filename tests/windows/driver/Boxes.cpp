@@ -25,6 +25,15 @@ std::vector<int> ButtonsOf(HWND window)
     return buttons;
 }
 
+// The one with the thick border.
+int StandardButton(HWND window)
+{
+    for (int id : ButtonsOf(window))
+        if ((GetWindowLongW(GetDlgItem(window, id), GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON)
+            return id;
+    return 0;
+}
+
 // The icon's place in the box. A box without one keeps the control, hidden or empty.
 HWND IconOf(HWND box)
 {
@@ -72,8 +81,7 @@ Box FindBox(DWORD process)
 {
     for (HWND window : WindowsOf(process))
         if (WaitsForAnswer(window) && GetDlgItem(window, TextId) && !GetDlgItem(window, FileNameId))
-            return {window, TextOf(window), TextOf(GetDlgItem(window, TextId)), ButtonsOf(window),
-                    LOWORD(Ask(window, DM_GETDEFID))};
+            return {window, TextOf(window), TextOf(GetDlgItem(window, TextId)), ButtonsOf(window), StandardButton(window)};
     return {};
 }
 
