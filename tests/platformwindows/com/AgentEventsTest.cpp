@@ -381,31 +381,63 @@ TEST_F(AgentEvents, Request_CompletedWhileNobodyListens_IsLetGo)
     EXPECT_EQ(request->References(), 1u);
 }
 
-TEST_F(AgentEvents, Requests_ThatEndWithoutAnEvent_DoNotPileUp)
+TEST_F(AgentEvents, Request_ThatStarts_LetsFormerOnesOfItsCharacterGo)
 {
-    character->answers[L"Play"] = [&](const CallOfMember& call) {
-        const TestRef request = NewRequest(5);
-        request->answers[L"Status"] = Giving(L(0));
-        return Giving(request->Value())(call);
+    const TestRef other = New("Other");
+    const auto answering = [](const TestRef& request) {
+        return [&](const CallOfMember& call) { return Giving(request->Value())(call); };
     };
+    const TestRef first = NewRequest(1), elsewhere = NewRequest(2), second = NewRequest(3), third = NewRequest(4);
     const auto bot = engine->Characters()->Character("Bot");
-    for (int index = 0; index < 1000; ++index)
+    characters->answers[L"Character"] = Giving(other->Value());
+    other->answers[L"Play"] = answering(elsewhere);
+    const auto neighbour = engine->Characters()->Character("Neighbour");
+    for (const TestRef* request : {&first, &second, &third}) {
+        character->answers[L"Play"] = answering(*request);
         bot->Play("Wave");
-    EXPECT_LT(CTestObject::living, 100);
+        if (request == &first)
+            neighbour->Play("Wave");
+    }
+    control->Raise(RequestStartID, {second->Value()});
+    RunMessages();
+    recorder.requests.clear();
+    EXPECT_EQ(first->References(), 1u);
+    EXPECT_EQ(elsewhere->References(), 2u);
+    EXPECT_EQ(second->References(), 2u);
+    EXPECT_EQ(third->References(), 2u);
+    other->answers.clear();
 }
 
-TEST_F(AgentEvents, Request_StillRunning_IsNeverLetGoToMakeRoom)
+TEST_F(AgentEvents, Requests_OfAnUnloadedCharacter_AreHeldForTheirLastEvents)
 {
-    std::vector<TestRef> running;
-    character->answers[L"Play"] = [&](const CallOfMember& call) {
-        running.push_back(NewRequest(static_cast<std::int32_t>(running.size())));
-        return Giving(running.back()->Value())(call);
+    const TestRef request = NewRequest(1);
+    character->answers[L"Play"] = [&](const CallOfMember& call) { return Giving(request->Value())(call); };
+    const auto list = engine->Characters();
+    list->Character("Bot")->Play("Wave");
+    list->Unload("Bot");
+    EXPECT_EQ(request->References(), 2u);
+    list->Unload("Bot");
+    EXPECT_EQ(request->References(), 1u);
+}
+
+TEST_F(AgentEvents, TenThousandRequests_AtATime_AreNeverAskedForTheirState)
+{
+    std::vector<TestRef> made;
+    character->answers[L"Speak"] = [&](const CallOfMember& call) {
+        made.push_back(NewRequest(static_cast<std::int32_t>(made.size())));
+        return Giving(made.back()->Value())(call);
     };
     const auto bot = engine->Characters()->Character("Bot");
-    for (int index = 0; index < 300; ++index)
-        bot->Play("Wave");
-    for (const TestRef& request : running)
-        EXPECT_EQ(request->References(), 2u);
+    journal->clear();
+    for (int index = 0; index < 10000; ++index)
+        bot->Speak("line", std::nullopt);
+    EXPECT_EQ(journal->size(), 10000u);
+    for (const TestRef& request : made)
+        control->Raise(RequestCompleteID, {request->Value()});
+    RunMessages();
+    recorder.requests.clear();
+    for (const TestRef& request : made)
+        ASSERT_EQ(request->References(), 1u);
 }
 
 TEST_F(AgentEvents, Request_Asked_AnswersAnewEachTime)

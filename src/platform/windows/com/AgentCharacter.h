@@ -7,8 +7,8 @@ namespace platform::windowsdesktop::com {
 // A loaded character of the engine.
 class CAgentCharacter final : public ICharacter {
 public:
-    CAgentCharacter(CInterface<IDispatch> character, RequestsRef requests)
-        : m_character(std::move(character)), m_requests(std::move(requests))
+    CAgentCharacter(std::string id, CInterface<IDispatch> character, RequestsRef requests)
+        : m_id(std::move(id)), m_character(std::move(character)), m_requests(std::move(requests))
     {
     }
 
@@ -60,9 +60,10 @@ public:
 private:
     RequestRef Request(const wchar_t* method, Arguments arguments)
     {
-        return m_requests->Made(m_character.Call(method, arguments));
+        return m_requests->Made(m_id, m_character.Call(method, arguments));
     }
 
+    std::string m_id;
     CDispatch m_character;
     RequestsRef m_requests;
 };

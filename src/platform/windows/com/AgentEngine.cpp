@@ -12,16 +12,16 @@ public:
     }
     RequestRef Load(const std::string& id, const std::optional<std::string>& file) override
     {
-        return m_requests->Made(m_characters.Call(L"Load", {id, file}));
+        return m_requests->Made(id, m_characters.Call(L"Load", {id, file}));
     }
     void Unload(const std::string& id) override
     {
         m_characters.Run(L"Unload", {id});
-        m_requests->LetEndedGo();
+        m_requests->Unloaded(id);
     }
     std::shared_ptr<ICharacter> Character(const std::string& id) override
     {
-        return std::make_shared<CAgentCharacter>(m_characters.Call(L"Character", {id}).Object(), m_requests);
+        return std::make_shared<CAgentCharacter>(id, m_characters.Call(L"Character", {id}).Object(), m_requests);
     }
 
 private:

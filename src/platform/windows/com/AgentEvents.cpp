@@ -1,18 +1,9 @@
 #include "platform/windows/com/AgentEvents.h"
-#include "platform/Failure.h"
 #include "platform/windows/com/AgentUserInput.h"
 #include <algorithm>
 #include <array>
 
 namespace platform::windowsdesktop::com {
-
-CVariant CEventArguments::Value(UINT index) const
-{
-    if (!m_parameters || !m_parameters->rgvarg || index >= m_parameters->cArgs)
-        throw failure::TypeMismatch();
-    return CVariant::Copy(m_parameters->rgvarg[m_parameters->cArgs - 1 - index]);
-}
-
 namespace {
 
 using Events = ICharacterEngineEvents;
@@ -54,7 +45,11 @@ Delivery Size(const CEventArguments& arguments, const RequestsRef&)
 
 Delivery RequestStart(const CEventArguments& arguments, const RequestsRef& requests)
 {
-    return [object = arguments.Object(0), requests](Events& receiver) { receiver.RequestStart(requests->Of(object)); };
+    return [object = arguments.Object(0), requests](Events& receiver) {
+        const AgentRequestRef request = requests->Of(object);
+        requests->Started(request);
+        receiver.RequestStart(request);
+    };
 }
 
 Delivery RequestComplete(const CEventArguments& arguments, const RequestsRef& requests)

@@ -5,17 +5,9 @@
 namespace platform::windowsdesktop::com {
 namespace {
 
-constexpr std::size_t LeastRoom = 64;
+constexpr std::size_t LeastKnownLimit = 64;
 
-bool StillRuns(const CAgentRequest& request)
-{
-    try {
-        const RequestStatus status = request.Status();
-        return status == RequestStatus::Pending || status == RequestStatus::InProgress;
-    } catch (const CFailure&) {
-        return false;
-    }
-}
+const void* Identity(const CInterface<IDispatch>& object) { return object.As<IUnknown>().Raw(); }
 
 std::optional<std::int32_t> IDOf(const CAgentRequest& request)
 {
@@ -44,25 +36,22 @@ RequestStatus CAgentRequest::Status() const
     return static_cast<RequestStatus>(status);
 }
 
-RequestRef CAgentRequests::Made(const CVariant& answer)
+RequestRef CAgentRequests::Made(const std::string& characterID, const CVariant& answer)
 {
     const CInterface<IDispatch> object = answer.Object();
-    AgentRequestRef request = Known(object);
+    const void* identity = Identity(object);
+    AgentRequestRef request = Known(identity);
     if (!request) {
         request = std::make_shared<CAgentRequest>(object);
-        m_known.push_back(request);
+        Remember(identity, request);
     }
-    m_pending.push_back(request);
-    if (m_pending.size() >= m_roomBeforeLookingAround) {
-        LetEndedGo();
-        m_roomBeforeLookingAround = std::max(LeastRoom, 2 * m_pending.size());
-    }
+    m_pending.push_back({characterID, request});
     return request;
 }
 
 AgentRequestRef CAgentRequests::Of(const CInterface<IDispatch>& object)
 {
-    if (AgentRequestRef known = Known(object))
+    if (AgentRequestRef known = Known(Identity(object)))
         return known;
     auto unknown = std::make_shared<CAgentRequest>(object);
     const std::optional<std::int32_t> id = IDOf(*unknown);
@@ -70,38 +59,53 @@ AgentRequestRef CAgentRequests::Of(const CInterface<IDispatch>& object)
     return same ? same : unknown;
 }
 
+void CAgentRequests::Started(const AgentRequestRef& request)
+{
+    const auto started = Find(request);
+    if (started == m_pending.end())
+        return;
+    const std::string characterID = started->characterID;
+    const auto ended = [&](const Pending& entry) { return entry.characterID == characterID; };
+    m_pending.erase(std::remove_if(m_pending.begin(), started, ended), started);
+}
+
 void CAgentRequests::Completed(const AgentRequestRef& request)
 {
-    std::erase(m_pending, request);
-    ForgetTheGone();
+    if (const auto completed = Find(request); completed != m_pending.end())
+        m_pending.erase(completed);
 }
 
-void CAgentRequests::LetEndedGo()
+void CAgentRequests::Unloaded(const std::string& characterID)
 {
-    const std::vector<AgentRequestRef> asked = m_pending;  // Asking may let an event in that changes the list.
-    for (const AgentRequestRef& request : asked)
-        if (!StillRuns(*request))
-            std::erase(m_pending, request);
-    ForgetTheGone();
+    std::erase_if(m_pending, [](const Pending& entry) { return entry.unloaded; });
+    for (Pending& entry : m_pending)
+        entry.unloaded = entry.characterID == characterID;
 }
 
-void CAgentRequests::ForgetTheGone()
+std::deque<CAgentRequests::Pending>::iterator CAgentRequests::Find(const AgentRequestRef& request)
 {
-    std::erase_if(m_known, [](const std::weak_ptr<CAgentRequest>& request) { return request.expired(); });
+    return std::find_if(m_pending.begin(), m_pending.end(), [&](const Pending& entry) { return entry.request == request; });
 }
 
-AgentRequestRef CAgentRequests::Known(const CInterface<IDispatch>& object) const
+void CAgentRequests::Remember(const void* identity, const AgentRequestRef& request)
 {
-    for (const std::weak_ptr<CAgentRequest>& entry : m_known)
-        if (AgentRequestRef request = entry.lock(); request && SameObject(request->Object(), object))
-            return request;
-    return nullptr;
+    if (m_known.size() >= m_knownLimit) {
+        std::erase_if(m_known, [](const auto& entry) { return entry.second.expired(); });
+        m_knownLimit = std::max(LeastKnownLimit, 2 * m_known.size());
+    }
+    m_known[identity] = request;
+}
+
+AgentRequestRef CAgentRequests::Known(const void* identity) const
+{
+    const auto found = m_known.find(identity);
+    return found == m_known.end() ? nullptr : found->second.lock();
 }
 
 AgentRequestRef CAgentRequests::KnownByID(std::int32_t id) const
 {
-    const std::vector<std::weak_ptr<CAgentRequest>> known = m_known;
-    for (const std::weak_ptr<CAgentRequest>& entry : known)
+    const auto known = m_known;  // Asking may let something in that changes the list.
+    for (const auto& [identity, entry] : known)
         if (AgentRequestRef request = entry.lock(); request && IDOf(*request) == id)
             return request;
     return nullptr;

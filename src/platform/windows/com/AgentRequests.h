@@ -1,9 +1,10 @@
 #pragma once
 #include "platform/CharacterEngine.h"
 #include "platform/windows/com/Dispatch.h"
+#include <deque>
+#include <map>
 #include <memory>
 #include <optional>
-#include <vector>
 
 namespace platform::windowsdesktop::com {
 
@@ -24,27 +25,38 @@ private:
 using AgentRequestRef = std::shared_ptr<CAgentRequest>;
 
 // The requests of one control. The engine reports on a request only while somebody holds it: so each is held here, besides
-// by the program, until it has completed.
+// by the program, until it has completed. There may be thousands at a time, and none is asked for its state to find that
+// out.
 class CAgentRequests {
 public:
-    // The request that a call answered with. Throws CFailure when the answer is none.
-    RequestRef Made(const CVariant& answer);
+    // The request that a call for a character answered with. Throws CFailure when the answer is none.
+    RequestRef Made(const std::string& characterID, const CVariant& answer);
     // The request that an event speaks of: the one that the call returned, or a new one when it is not known.
     AgentRequestRef Of(const CInterface<IDispatch>& object);
+    // One that starts tells that its character's former ones have ended, should no event have said so.
+    void Started(const AgentRequestRef& request);
     void Completed(const AgentRequestRef& request);
-    // Lets go of those that have ended without an event, or whose engine does not answer any more.
-    void LetEndedGo();
+    // The character's requests will not run any more. Their last events may still be on the way: they are held until the
+    // next character is unloaded.
+    void Unloaded(const std::string& characterID);
     void LetAllGo() { m_pending.clear(); }
-    std::size_t PendingCount() const { return m_pending.size(); }
 
 private:
-    AgentRequestRef Known(const CInterface<IDispatch>& object) const;
+    struct Pending {
+        std::string characterID;
+        AgentRequestRef request;
+        bool unloaded = false;
+    };
+    AgentRequestRef Known(const void* identity) const;
     AgentRequestRef KnownByID(std::int32_t id) const;
-    void ForgetTheGone();
+    void Remember(const void* identity, const AgentRequestRef& request);
+    std::deque<Pending>::iterator Find(const AgentRequestRef& request);
 
-    std::vector<AgentRequestRef> m_pending;
-    std::vector<std::weak_ptr<CAgentRequest>> m_known;  // Also completed ones that the program still holds.
-    std::size_t m_roomBeforeLookingAround = 64;
+    std::deque<Pending> m_pending;  // In the order of the calls.
+    // By the object's identity, which is its own for as long as it is held. Also completed ones that the program still
+    // holds.
+    std::map<const void*, std::weak_ptr<CAgentRequest>> m_known;
+    std::size_t m_knownLimit = 64;  // Where those that are gone are forgotten.
 };
 using RequestsRef = std::shared_ptr<CAgentRequests>;
 
