@@ -20,6 +20,13 @@ std::wstring Units(HWND box, LONG from, LONG to)
     return units;
 }
 
+// The box takes a "\r\n" for two line ends when it is handed over in two pieces.
+std::wstring WithOwnLineEnds(std::wstring text)
+{
+    text.erase(std::remove(text.begin(), text.end(), L'\n'), text.end());
+    return text;
+}
+
 // What the box has not yet taken.
 struct Rest {
     const char* at;
@@ -41,7 +48,7 @@ DWORD CALLBACK HandOver(DWORD_PTR cookie, LPBYTE buffer, LONG wanted, LONG* give
 
 void Put(HWND box, const std::string& text)
 {
-    const std::wstring wide = platform::windowsdesktop::ToWide(text);
+    const std::wstring wide = WithOwnLineEnds(platform::windowsdesktop::ToWide(text));
     Rest rest{reinterpret_cast<const char*>(wide.data()), wide.size() * sizeof(wchar_t)};
     EDITSTREAM stream = {};
     stream.dwCookie = reinterpret_cast<DWORD_PTR>(&rest);

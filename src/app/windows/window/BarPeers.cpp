@@ -129,6 +129,8 @@ void CToolBarPeer::Dress(HFONT font, int dpi)
 std::optional<LRESULT> CToolBarPeer::Filter(HWND, const Message& message)
 {
     const int last = static_cast<int>(Buttons().count) - 1;
+    if (message.code == WM_GETDLGCODE)
+        return DLGC_WANTARROWS | DLGC_WANTCHARS;
     if (message.code == WM_SETFOCUS && Hot() < 0)
         SetHot(0);
     if (message.code == WM_KILLFOCUS)

@@ -36,6 +36,8 @@ public:
     std::optional<LRESULT> Handle(HWND holder, const Message& message);
     // Keys that move among the controls. True when that is done.
     bool TakeKey(MSG& message);
+    // What a dialog's keys ask of the window (WM_NEXTDLGCTL).
+    void MoveFocusTo(const Message& message);
     void FocusCame(CPeer& peer) override;
 
     // Messages to the surface, from the mirror itself.

@@ -70,13 +70,14 @@ void CFormMirror::FocusCame(CPeer& peer)
         PostMessageW(m_surface, EnteredMessage, static_cast<WPARAM>(GetDlgCtrlID(peer.Native())), 0);
 }
 
-// A control that has become invisible or disabled would keep the keyboard.
+// A control that has become invisible or disabled would keep the keyboard, or nobody would have it.
 void CFormMirror::LeaveLostControl()
 {
     HWND focus = GetFocus();
-    if (!focus || !IsChild(m_surface, focus) || (IsWindowVisible(focus) && IsWindowEnabled(focus)))
+    const bool isLost = focus ? IsChild(m_surface, focus) && !IsReachable(focus) : GetActiveWindow() == m_surface;
+    if (!isLost)
         return;
-    if (const CPeer* next = NextStop(PeerAround(focus), 1))
+    if (const CPeer* next = NextStop(PeerAround(focus ? focus : m_lastFocus), 1))
         SetFocus(next->Native());
 }
 
@@ -106,6 +107,14 @@ void CFormMirror::MoveFocus(int step)
     SetFocus(next->Native());
     if (next->Look().kind == Kind::TextBox)
         SendMessageW(next->Native(), EM_SETSEL, 0, -1);
+}
+
+void CFormMirror::MoveFocusTo(const Message& message)
+{
+    if (LOWORD(message.l) == 0)
+        MoveFocus(message.w != 0 ? -1 : 1);
+    else if (IsReachable(reinterpret_cast<HWND>(message.w)))
+        SetFocus(reinterpret_cast<HWND>(message.w));
 }
 
 // Tab moves on; Return presses what has the focus; Escape closes a list. Only boxes of several lines type a line's end.

@@ -292,6 +292,9 @@ std::optional<LRESULT> CMainWindowPeer::HandleInside(const Message& message)
     case WM_SETFOCUS:
         m_inside->RestoreFocus();
         return 0;
+    case WM_NEXTDLGCTL:
+        m_inside->MoveFocusTo(message);
+        return 0;
     case WM_SYSCOLORCHANGE:
     case WM_THEMECHANGED:
     case WM_SETTINGCHANGE:
