@@ -147,6 +147,9 @@ void CWindowsFiles::Delete(const std::string& path)
         throw failure::PathFileAccess();
     if (DeleteFileW(absolute.c_str()) == 0)
         throw FailureOfError(GetLastError());
+    // Some systems find out too late that the disk lets nothing go.
+    if (Kind(path) == EntryKind::File)
+        throw failure::PathFileAccess();
 }
 
 void CWindowsFiles::Rename(const std::string& from, const std::string& to)
