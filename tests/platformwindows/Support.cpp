@@ -22,6 +22,7 @@ void RemoveAll(const std::wstring& folder)
 }
 
 CDialogAnswers* answering = nullptr;
+constexpr int LooksBeforeAnsweringAgain = 100;
 
 BOOL CALLBACK TakeDialog(HWND window, LPARAM found)
 {
@@ -134,7 +135,7 @@ LRESULT CALLBACK CTestWindow::Receive(HWND window, UINT message, WPARAM wParam, 
 }
 
 CDialogAnswers::CDialogAnswers(std::vector<Answer> answers)
-    : m_answers(std::move(answers)), m_timer(SetTimer(nullptr, 0, 10, Look))
+    : m_answers(std::move(answers)), m_former(answering), m_timer(SetTimer(nullptr, 0, 10, Look))
 {
     answering = this;
 }
@@ -142,16 +143,30 @@ CDialogAnswers::CDialogAnswers(std::vector<Answer> answers)
 CDialogAnswers::~CDialogAnswers()
 {
     KillTimer(nullptr, m_timer);
-    answering = nullptr;
+    answering = m_former;
 }
 
 void CALLBACK CDialogAnswers::Look(HWND, UINT, UINT_PTR, DWORD)
 {
-    const HWND dialog = StandingDialog();
-    if (dialog == nullptr || answering == nullptr || answering->AllGiven())
+    if (answering != nullptr)
+        answering->Give(StandingDialog());
+}
+
+// A dialog that is answered while it is still being built may not notice: it is answered again after a while.
+void CDialogAnswers::Give(HWND dialog)
+{
+    if (dialog == nullptr)
         return;
-    if (answering->m_answers[answering->m_given](dialog) && answering != nullptr)
-        ++answering->m_given;
+    if (dialog == m_answered) {
+        if (++m_looks % LooksBeforeAnsweringAgain == 0)
+            m_answers[m_given - 1](dialog);
+        return;
+    }
+    if (AllGiven() || !m_answers[m_given](dialog))
+        return;
+    m_answered = dialog;
+    m_looks = 0;
+    ++m_given;
 }
 
 CDialogAnswers::Answer Press(int button)

@@ -82,8 +82,12 @@ public:
 
 private:
     static void CALLBACK Look(HWND, UINT, UINT_PTR, DWORD);
+    void Give(HWND dialog);
     std::vector<Answer> m_answers;
     std::size_t m_given = 0;
+    HWND m_answered = nullptr;
+    int m_looks = 0;
+    CDialogAnswers* m_former;
     UINT_PTR m_timer;
 };
 

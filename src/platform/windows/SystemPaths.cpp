@@ -5,7 +5,18 @@
 namespace platform::windowsdesktop {
 namespace {
 constexpr std::wstring_view LongForm = L"\\\\?\\";
+constexpr std::wstring_view LongFormOfShare = L"\\\\?\\UNC\\";
 constexpr std::uint32_t DiskQuotaExceeded = 1295;  // Not every set of headers names it.
+
+// Without the prefix that lifts the limit of length, where the limit is kept anyway: old services do not know the prefix.
+std::wstring InUsualForm(const std::wstring& path)
+{
+    if (!path.starts_with(LongForm))
+        return path;
+    const bool isShare = path.starts_with(LongFormOfShare);
+    const std::wstring usual = isShare ? L"\\\\" + path.substr(LongFormOfShare.size()) : path.substr(LongForm.size());
+    return usual.size() < MAX_PATH ? usual : path;
+}
 
 // The 8.3 form of an existing path; the path itself where the disk keeps none.
 std::wstring ShortPath(const std::wstring& path)
@@ -79,7 +90,7 @@ std::wstring WithoutLengthLimit(const std::wstring& absolute)
     if (absolute.starts_with(LongForm) || absolute.starts_with(L"\\\\.\\"))
         return absolute;
     if (absolute.starts_with(L"\\\\"))
-        return std::wstring(LongForm) + L"UNC" + absolute.substr(1);
+        return std::wstring(LongFormOfShare) + absolute.substr(2);
     return std::wstring(LongForm) + absolute;
 }
 
@@ -87,9 +98,10 @@ std::wstring FolderOf(const std::wstring& absolute) { return absolute.substr(0, 
 
 std::string AnsiPath(const std::wstring& path)
 {
-    const std::string text = FromWide(path);
+    const std::wstring usual = InUsualForm(path);
+    const std::string text = FromWide(usual);
     const std::string ansi = ToAnsi(text);
-    return FromAnsi(ansi) == text ? ansi : ToAnsi(FromWide(ShortPath(path)));
+    return FromAnsi(ansi) == text ? ansi : ToAnsi(FromWide(ShortPath(usual)));
 }
 
 }

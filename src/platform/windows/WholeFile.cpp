@@ -9,6 +9,8 @@ namespace {
 constexpr DWORD Everybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 constexpr std::size_t PieceSize = 1 << 20;
 constexpr int NamesTried = 100;
+constexpr int PuttingsTried = 5;
+constexpr DWORD BetweenTriesMilliseconds = 10;
 
 CHandle OpenFile(const std::wstring& path, DWORD access, DWORD sharing)
 {
@@ -68,6 +70,11 @@ std::wstring PathBehindLinks(const CHandle& file, const std::wstring& path)
         return path;
     real.resize(length);
     return real;
+}
+
+bool IsHeldForAMoment(DWORD error)
+{
+    return error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED || error == ERROR_UNABLE_TO_REMOVE_REPLACED;
 }
 
 bool IsThere(const std::wstring& path) { return GetFileAttributesW(path.c_str()) != INVALID_FILE_ATTRIBUTES; }
@@ -153,15 +160,18 @@ bool CReplacement::Replace() const
            0;
 }
 
-// Disks of other systems cannot replace but can move over.
+// Disks of other systems cannot replace but can move over. A program that looks through every new file lets go of it soon.
 void CReplacement::Put()
 {
     m_put = Replace();
-    if (m_put)
-        return;
-    const DWORD error = GetLastError();
-    m_put = m_existed &&
-            MoveFileExW(m_temporary.c_str(), m_place.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+    DWORD error = GetLastError();
+    for (int tried = 1; !m_put && IsHeldForAMoment(error) && tried < PuttingsTried; ++tried) {
+        Sleep(BetweenTriesMilliseconds);
+        m_put = Replace();
+        error = GetLastError();
+    }
+    if (!m_put && m_existed)
+        m_put = MoveFileExW(m_temporary.c_str(), m_place.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
     if (!m_put)
         throw FailureOfError(error);
 }

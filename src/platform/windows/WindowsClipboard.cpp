@@ -3,6 +3,7 @@
 #include "platform/text/Encoding.h"
 #include "platform/windows/ClipboardChain.h"
 #include "platform/windows/Text.h"
+#include <utility>
 
 namespace platform::windowsdesktop {
 namespace {
@@ -61,10 +62,16 @@ bool CWindowsClipboard::IsSecret() const
 
 void CWindowsClipboard::Watch(std::function<void()> changed)
 {
-    if (m_window != nullptr)
-        clipboardChain::Join(m_window, std::move(changed));
+    if (m_window == nullptr)
+        return;
+    m_watching = true;
+    clipboardChain::Join(m_window, std::move(changed));
 }
 
-void CWindowsClipboard::StopWatching() { clipboardChain::Leave(); }
+void CWindowsClipboard::StopWatching()
+{
+    if (std::exchange(m_watching, false))
+        clipboardChain::Leave();
+}
 
 }

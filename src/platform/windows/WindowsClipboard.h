@@ -25,6 +25,7 @@ public:
 
 private:
     HWND m_window = nullptr;
+    bool m_watching = false;
 };
 
 }
