@@ -1,3 +1,4 @@
+#include "platform/windows/com/EventQueue.h"
 #include "platformwindows/com/EngineFixture.h"
 
 using namespace comtest;
@@ -265,18 +266,17 @@ TEST_F(AgentEvents, Flood_OfEvents_LosesNoneAndDoesNotNest)
     EXPECT_EQ(deepest, 1);
 }
 
-TEST_F(AgentEvents, Event_WhileTheThreadsQueueIsFull_ArrivesLater)
+// What comes in place of the message when the thread's queue of messages is full.
+TEST_F(AgentEvents, Timer_InPlaceOfTheMessage_DeliversTheNextEvent)
 {
-    const HWND window = CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
-    int posted = 0;
-    while (posted < 20000 && PostMessageW(window, WM_APP, 0, 0))
-        ++posted;
-    control->Raise(BookmarkID, {L(1)});
-    MSG message;
-    while (recorder.lines.empty() && GetMessageW(&message, nullptr, 0, 0) > 0)
-        DispatchMessageW(&message);
+    const auto queue = std::make_shared<platform::windowsdesktop::com::CEventQueue>();
+    queue->SetReceiver(&recorder);
+    for (const std::int32_t number : {1, 2})
+        queue->Add([number](platform::ICharacterEngineEvents& receiver) { receiver.Bookmark(number); });
+    EXPECT_TRUE(queue->Receive(WM_TIMER, WM_APP));
     EXPECT_EQ(recorder.lines, Lines{"Bookmark 1"});
-    DestroyWindow(window);
+    EXPECT_EQ(Heard(), (Lines{"Bookmark 1", "Bookmark 2"}));
+    EXPECT_FALSE(queue->Receive(WM_TIMER, 3));
 }
 
 TEST_F(AgentEvents, SetEvents_ToNobody_EndsTheWaitingOnesToo)

@@ -47,6 +47,17 @@ std::shared_ptr<ICharacters> CAgentEngine::Characters()
     return std::make_shared<CAgentCharacters>(m_control.Child(L"Characters"), m_requests);
 }
 
-void CAgentEngine::SetPropertySheetVisible(bool visible) { m_control.Child(L"PropertySheet").Put(L"Visible", visible); }
+// The engine's own windows belong to another process, which may come to the front only with our leave.
+void CAgentEngine::SetPropertySheetVisible(bool visible)
+{
+    AllowSetForegroundWindow(ASFW_ANY);
+    m_control.Child(L"PropertySheet").Put(L"Visible", visible);
+}
+
+void CAgentEngine::ShowDefaultCharacterProperties()
+{
+    AllowSetForegroundWindow(ASFW_ANY);
+    m_control.Run(L"ShowDefaultCharacterProperties");
+}
 
 }

@@ -19,7 +19,7 @@ public:
     void SetConnected(bool connected) override { m_control.Put(L"Connected", connected); }
     std::shared_ptr<ICharacters> Characters() override;
     void SetPropertySheetVisible(bool visible) override;
-    void ShowDefaultCharacterProperties() override { m_control.Run(L"ShowDefaultCharacterProperties"); }
+    void ShowDefaultCharacterProperties() override;
     void SetEvents(ICharacterEngineEvents* events) override { m_queue->SetReceiver(events); }
 
 private:

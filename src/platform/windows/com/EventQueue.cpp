@@ -6,9 +6,6 @@ namespace platform::windowsdesktop::com {
 namespace {
 
 constexpr UINT DeliverMessage = WM_APP;
-// When the thread's queue of messages is full.
-constexpr UINT_PTR DeliverTimer = 1;
-constexpr UINT DeliverTimerMilliseconds = 10;
 
 }
 
@@ -25,15 +22,14 @@ void CEventQueue::Announce()
     if (m_announced)
         return;
     m_announced = true;
-    if (!PostAfterCalls(m_window.Handle(), DeliverMessage))
-        SetTimer(m_window.Handle(), DeliverTimer, DeliverTimerMilliseconds, nullptr);
+    PostAfterCalls(m_window.Handle(), DeliverMessage);
 }
 
 bool CEventQueue::Receive(UINT message, WPARAM wParam)
 {
-    const bool timer = message == WM_TIMER && wParam == DeliverTimer;
+    const bool timer = message == WM_TIMER && wParam == DeliverMessage;
     if (timer)
-        KillTimer(m_window.Handle(), DeliverTimer);
+        KillTimer(m_window.Handle(), DeliverMessage);
     if (!timer && message != DeliverMessage)
         return false;
     const EventQueueRef alive = shared_from_this();  // The receiver may let go of the control.

@@ -7,6 +7,7 @@
 namespace platform::windowsdesktop::com {
 namespace {
 
+constexpr UINT FullQueueMilliseconds = 10;
 constexpr std::int64_t WatchMilliseconds = 1000;
 constexpr std::int64_t TicksAMillisecond = 10000;  // Of the system's times.
 
@@ -52,10 +53,16 @@ void CALLBACK Tick(PTP_CALLBACK_INSTANCE, void*, PTP_TIMER)
         StopTimer();
 }
 
+void Post(HWND window, UINT message)
+{
+    if (!PostMessageW(window, message, 0, 0))
+        SetTimer(window, message, FullQueueMilliseconds, nullptr);
+}
+
 void PostOwedMessages()
 {
     for (const auto& [window, message] : std::exchange(owedMessages, {}))
-        PostMessageW(window, message, 0, 0);
+        Post(window, message);
 }
 
 }
@@ -80,12 +87,12 @@ COutgoingCall::~COutgoingCall()
 
 bool COutgoingCall::InProgress() { return callDepth > 0; }
 
-bool PostAfterCalls(HWND window, UINT message)
+void PostAfterCalls(HWND window, UINT message)
 {
-    if (!COutgoingCall::InProgress())
-        return PostMessageW(window, message, 0, 0) != FALSE;
-    owedMessages.emplace_back(window, message);
-    return true;
+    if (COutgoingCall::InProgress())
+        owedMessages.emplace_back(window, message);
+    else
+        Post(window, message);
 }
 
 CCallWatch::CCallWatch(HWND window, UINT message)

@@ -16,9 +16,10 @@ public:
     static bool InProgress();
 };
 
-// Posts a message as soon as this thread has left all of its calls; at once when it is in none. False when it cannot be
-// posted at once; a later failure stays unseen.
-bool PostAfterCalls(HWND window, UINT message);
+// Posts a message to a window of this thread as soon as the thread has left all of its calls; at once when it is in none.
+// While the thread's queue of messages is full, the window gets a WM_TIMER of the message's number instead, which it must
+// end.
+void PostAfterCalls(HWND window, UINT message);
 
 // Whoever waits in COM for an answer looks after the call only when a message arrives. So this one posts a message to a
 // window of this thread in every second of a call. One at a time.
