@@ -54,10 +54,12 @@ const ui::CControl* Find(const ui::CForm& form, std::string_view name)
     return found == controls.end() ? nullptr : *found;
 }
 
+// One pixel more, for edges are rounded.
 void EnlargeFor(Units& units, const Row& row, const SIZE& wanted)
 {
-    units.x = std::max(units.x, static_cast<double>(wanted.cx) / row.place.width);
-    units.y = std::max(units.y, static_cast<double>(wanted.cy) / row.place.height);
+    const auto perUnit = [](LONG pixels, int size) { return pixels > 0 ? (static_cast<double>(pixels) + 1) / size : 0; };
+    units.x = std::max(units.x, perUnit(wanted.cx, row.place.width));
+    units.y = std::max(units.y, perUnit(wanted.cy, row.place.height));
 }
 
 }
@@ -67,11 +69,12 @@ SIZE Units::ToPixels(int width, int height) const
     return {static_cast<LONG>(std::ceil(width * x)), static_cast<LONG>(std::ceil(height * y))};
 }
 
+// What touches in the table touches on the screen, and nothing lies on its neighbour.
 Rectangle Units::ToPixels(const Rectangle& place) const
 {
-    const SIZE size = ToPixels(place.width, place.height);
-    return {static_cast<int>(std::lround(place.x * x)), static_cast<int>(std::lround(place.y * y)),
-            static_cast<int>(size.cx), static_cast<int>(size.cy)};
+    const auto edge = [](int at, double unit) { return static_cast<int>(std::lround(at * unit)); };
+    const int left = edge(place.x, x), top = edge(place.y, y);
+    return {left, top, edge(place.Right(), x) - left, edge(place.Bottom(), y) - top};
 }
 
 Units UnitsOf(HFONT font)
