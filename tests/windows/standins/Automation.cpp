@@ -143,6 +143,7 @@ CAutomationObject::CAutomationObject(std::shared_ptr<CScene> scene, std::string 
 {
     m_scene->log.Write("made " + m_path);
     ++m_scene->livingObjects;
+    ++m_scene->objectsEver;
 }
 
 CAutomationObject::~CAutomationObject()

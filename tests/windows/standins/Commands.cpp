@@ -18,7 +18,8 @@ HWND FindWindowOf(const std::string& title, std::uint32_t processID)
     while ((window = FindWindowExW(nullptr, window, WindowClass, wide.c_str())) != nullptr) {
         DWORD owner = 0;
         GetWindowThreadProcessId(window, &owner);
-        if (processID == 0 || owner == processID)
+        const bool fits = processID == 0 ? owner != GetCurrentProcessId() : owner == processID;
+        if (fits)
             return window;
     }
     return nullptr;
@@ -49,9 +50,11 @@ bool SendCommand(const std::string& command, const std::string& title)
     return AskStandIn(command, title) == Answer::Understood;
 }
 
+bool StandInIsThere(const std::string& title) { return FindWindowOf(title, 0) != nullptr; }
+
 bool WaitForStandIn(unsigned milliseconds, const std::string& title)
 {
-    for (const ULONGLONG end = GetTickCount64() + milliseconds; !FindWindowOf(title, 0); Sleep(10))
+    for (const ULONGLONG end = GetTickCount64() + milliseconds; !StandInIsThere(title); Sleep(10))
         if (GetTickCount64() >= end)
             return false;
     return true;

@@ -9,9 +9,10 @@ namespace standins {
 enum class Answer { Understood = 0, NotUnderstood = 1, NobodyThere = 2, NoAnswer = 3 };
 
 // Sends one command to the stand-in with that window title: "engine", or "office". With a process id, to the one in that
-// process.
+// process; else to one in any process but the caller's.
 Answer AskStandIn(const std::string& command, const std::string& title = "engine", std::uint32_t processID = 0);
 bool SendCommand(const std::string& command, const std::string& title = "engine");  // Whether it was understood.
+bool StandInIsThere(const std::string& title = "engine");
 // Whether such a window appears in time.
 bool WaitForStandIn(unsigned milliseconds, const std::string& title = "engine");
 

@@ -30,7 +30,8 @@ private:
     DWORD m_engine = 0, m_speech = 0;
 };
 
-// Writes or removes what HKEY_CLASSES_ROOT must say of the classes. `server` is "InprocServer32" or "LocalServer32".
+// Writes or removes what HKEY_CLASSES_ROOT must say of the classes. `server` is "InprocServer32" with agentstandin.dll or
+// "LocalServer32" with agentstandin.exe; the speech service is in the DLL beside it in either case.
 bool Register(const std::string& server, const std::wstring& file);
 void Unregister();
 // "Agent.Control.2" and its class alone.

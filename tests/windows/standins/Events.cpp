@@ -172,7 +172,9 @@ HRESULT CSinks::Add(IUnknown* sink, DWORD* cookie)
         return E_POINTER;
     // A receiver must answer to the event interface itself, not to IDispatch alone.
     void* found = nullptr;
-    const HRESULT result = sink->QueryInterface(EventInterface(m_scene), &found);
+    HRESULT result = sink->QueryInterface(EventInterface(m_scene), &found);
+    if (FAILED(result) && m_scene.plainReceivers)
+        result = sink->QueryInterface(IID_IDispatch, &found);
     m_scene.log.Write(SUCCEEDED(result) ? "advised" : "advise refused");
     if (FAILED(result))
         return CONNECT_E_CANNOTCONNECT;

@@ -13,12 +13,6 @@ namespace {
 constexpr wchar_t ProgramName[] = L"Agent.Control.2";
 constexpr wchar_t EngineText[] = L"{D45FD31B-5C6E-11D1-9EC1-00C04FD7081F}";
 constexpr wchar_t SpeechText[] = L"{EEE78591-FE22-11D0-8BEF-0060081841DE}";
-// The interfaces that are IDispatch by another name, which the system's own proxy for IDispatch carries between processes.
-constexpr std::array<const wchar_t*, 3> DispatchInterfaces{L"{F5BE8BD4-7DE6-11D0-91FE-00C04FD701A5}",
-                                                           L"{6C1F2B70-52D3-4E0A-9B1C-3D587720A4E1}",
-                                                           L"{EEE78590-FE22-11D0-8BEF-0060081841DE}"};
-constexpr wchar_t DispatchProxy[] = L"{00020420-0000-0000-C000-000000000046}";
-
 class CFactory final : public IClassFactory {
 public:
     explicit CFactory(Maker make) : m_make(std::move(make)) {}
@@ -97,10 +91,10 @@ bool RegisterProgramName() { return SetClassesDefault(std::wstring(ProgramName) 
 
 bool Register(const std::string& server, const std::wstring& file)
 {
-    bool done = RegisterProgramName() && RegisterClass(EngineText, server, file) && RegisterClass(SpeechText, server, file);
-    for (const wchar_t* id : DispatchInterfaces)
-        done = SetClassesDefault(std::wstring(L"Interface\\") + id + L"\\ProxyStubClsid32", DispatchProxy) && done;
-    return done;
+    // No proxy of the system's carries the speech service's own interface: it is always in the client's process.
+    const std::wstring folder = file.substr(0, file.find_last_of(L"\\/") + 1);
+    return RegisterProgramName() && RegisterClass(EngineText, server, file) &&
+           RegisterClass(SpeechText, "InprocServer32", folder + L"agentstandin.dll");
 }
 
 void Unregister()
@@ -108,8 +102,6 @@ void Unregister()
     DeleteClassesKey(ProgramName);
     for (const wchar_t* id : {EngineText, SpeechText})
         DeleteClassesKey(std::wstring(L"CLSID\\") + id);
-    for (const wchar_t* id : DispatchInterfaces)
-        DeleteClassesKey(std::wstring(L"Interface\\") + id);
 }
 
 }

@@ -19,6 +19,7 @@ public:
     ~CLoop();
     void Post(std::function<void()> work);
     void After(unsigned milliseconds, std::function<void()> work);
+    void Rename(const std::wstring& title) { SetWindowTextW(m_window, title.c_str()); }
     // Lets other programs find the window, class "ParluneStandIn", under a title. One command a message: WM_COPYDATA, UTF-8.
     void Listen(const std::wstring& title, Command command);
 

@@ -27,13 +27,12 @@ void ObeyFile(CScene& scene, const std::wstring& file)
 }
 
 // Nobody needs the server any more when two looks in a row find nothing: a client may be between two objects.
-void LookWhetherNeeded(CScene& scene, bool wasNeeded, bool wasIdle)
+void LookWhetherNeeded(CScene& scene, bool wasIdle)
 {
-    const bool needed = scene.livingObjects > 0;
-    if (wasNeeded && wasIdle && !needed)
+    const bool idle = scene.objectsEver > 0 && scene.livingObjects == 0;
+    if (idle && wasIdle)
         return scene.quit();
-    scene.loop.After(LookEveryMilliseconds,
-                     [&scene, used = wasNeeded || needed, needed] { LookWhetherNeeded(scene, used, !needed); });
+    scene.loop.After(LookEveryMilliseconds, [&scene, idle] { LookWhetherNeeded(scene, idle); });
 }
 
 }
@@ -53,13 +52,14 @@ void ServeUntilQuit(CScene& scene, bool endsAlone)
     bool over = false;
     scene.quit = [&over] { over = true; };
     if (endsAlone)
-        LookWhetherNeeded(scene, false, true);
+        LookWhetherNeeded(scene, false);
     MSG message;
     while (!over && GetMessageW(&message, nullptr, 0, 0) > 0) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
     scene.quit = nullptr;
+    scene.log.Write("leaving");
 }
 
 }

@@ -42,11 +42,12 @@ public:
     CLog log;
     CScript script;
     CLoop loop;
-    long livingObjects = 0;
+    long livingObjects = 0, objectsEver = 0;
 
     bool disconnected = false;  // Every call gives RPC_E_DISCONNECTED.
     ClassInfo classInfo = ClassInfo::Both;
-    bool ownEvents = false;  // Event identifiers of our own.
+    bool ownEvents = false;       // Event identifiers of our own.
+    bool plainReceivers = false;  // Receivers need not know the event interface: no proxy of the system's carries it.
     Hold hold = Hold::Off;
     unsigned requestMilliseconds = 5;
     std::vector<CVoice> voices;
@@ -59,7 +60,8 @@ public:
     std::vector<std::weak_ptr<CCharacterState>> characters;
     std::int32_t lastRequest = 0;
     COffice office;
-    std::function<void()> quit;  // Ends the server's program; empty where there is none.
+    std::function<void()> quit;    // Ends the server's program; empty where there is none.
+    std::function<void()> revoke;  // Takes the server's classes back, before its sudden end; may be empty.
 
     // One command as the README tells. False when it is not understood; then nothing is done.
     bool Tell(const std::string& command);

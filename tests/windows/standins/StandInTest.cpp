@@ -16,24 +16,6 @@ std::string FileIn(const char* folder, const char* name)
     return std::string(folder) + "\\" + name;
 }
 
-// The name of each event by its number, as the event interface's type information tells; behind those that it inherits.
-void ReadEventNames(ITypeInfo& events, Lines& names)
-{
-    TYPEATTR* attributes = nullptr;
-    events.GetTypeAttr(&attributes);
-    for (UINT index = 0; index < attributes->cFuncs; ++index) {
-        FUNCDESC* function = nullptr;
-        BSTR name = nullptr;
-        UINT count = 0;
-        ASSERT_EQ(events.GetFuncDesc(index, &function), S_OK) << index;
-        events.GetNames(function->memid, &name, 1, &count);
-        names.push_back(std::to_string(function->memid) + " " + Narrow(name));
-        SysFreeString(name);
-        events.ReleaseFuncDesc(function);
-    }
-    events.ReleaseTypeAttr(attributes);
-}
-
 // The type that a class gives as its default source of events; null when it names none.
 CRef<ITypeInfo> DefaultSource(ITypeInfo& coclass)
 {

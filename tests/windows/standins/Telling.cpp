@@ -224,7 +224,11 @@ void Hang(COrder& order)
 
 void Die(COrder& order)
 {
-    order.scene.Later([] { TerminateProcess(GetCurrentProcess(), 9); });
+    order.scene.Later([&scene = order.scene] {
+        if (scene.revoke)
+            scene.revoke();
+        TerminateProcess(GetCurrentProcess(), 9);
+    });
 }
 
 void Quit(COrder& order)

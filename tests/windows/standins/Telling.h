@@ -39,7 +39,9 @@ class CScene;
 //   forget                   no rule is left
 //   hang MILLISECONDS|forever    the server sleeps, from its message loop
 //   disconnect, connect      every call gives RPC_E_DISCONNECTED; no more
-//   die                      the server's process ends at once
+//   die                      the server's process ends at once. Better than to kill it: Wine would take the dead one for
+//   alive
+//                            when the class is asked for the next time.
 //   quit                     the same in good order; only where the server is a program of its own
 //
 //   word here|gone           registers the running Word, or takes it away

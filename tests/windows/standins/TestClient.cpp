@@ -92,6 +92,23 @@ CRef<IConnectionPoint> PointOf(CCaller& control, REFIID events)
     return point;
 }
 
+void ReadEventNames(ITypeInfo& events, std::vector<std::string>& names)
+{
+    TYPEATTR* attributes = nullptr;
+    events.GetTypeAttr(&attributes);
+    for (UINT index = 0; index < attributes->cFuncs; ++index) {
+        FUNCDESC* function = nullptr;
+        BSTR name = nullptr;
+        UINT count = 0;
+        ASSERT_EQ(events.GetFuncDesc(index, &function), S_OK) << index;
+        events.GetNames(function->memid, &name, 1, &count);
+        names.push_back(std::to_string(function->memid) + " " + Narrow(name));
+        SysFreeString(name);
+        events.ReleaseFuncDesc(function);
+    }
+    events.ReleaseTypeAttr(attributes);
+}
+
 CCaller CEngineTest::Connected()
 {
     if (!control)

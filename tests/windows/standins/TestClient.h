@@ -55,6 +55,9 @@ private:
 
 CRef<IConnectionPoint> PointOf(CCaller& control, REFIID events);  // Null when there is none.
 
+// The name of each event by its number, as the event interface's type information tells; behind those that it inherits.
+void ReadEventNames(ITypeInfo& events, std::vector<std::string>& names);
+
 class CApartmentTest : public testing::Test {
 protected:
     CApartmentTest() { CoInitialize(nullptr); }

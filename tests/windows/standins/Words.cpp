@@ -15,6 +15,8 @@ char Unescaped(char letter)
         return '\n';
     case 't':
         return '\t';
+    case '0':
+        return '\0';
     default:
         return letter;
     }

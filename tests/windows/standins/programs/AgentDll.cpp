@@ -19,14 +19,20 @@ HMODULE OwnModule()
 // Lives as long as the process: nothing may be destroyed while the library is detached.
 const std::shared_ptr<CScene>& TheScene()
 {
-    static const auto* scene = new std::shared_ptr<CScene>((OwnModule(), NewOutsideScene(L"engine")));
+    static const auto* scene = new std::shared_ptr<CScene>((OwnModule(), NewOutsideScene(L"speech")));
     return *scene;
+}
+
+CRef<IDispatch> NewEngine()
+{
+    TheScene()->loop.Rename(L"engine");  // Where the engine is a program of its own, that one alone is called so.
+    return NewControl(TheScene());
 }
 
 Maker MakerOf(REFCLSID id)
 {
     if (id == EngineClass)
-        return [] { return NewControl(TheScene()); };
+        return NewEngine;
     if (id == SpeechClass)
         return [] { return NewSpeech(TheScene()); };
     return {};

@@ -1,4 +1,4 @@
-// agentstandin.exe: the engine and the speech service in a process of their own. /regserver and /unregserver write the
+// agentstandin.exe: the engine in a process of its own. /regserver and /unregserver write the
 // registry; started by COM (-Embedding) it ends with its last object, started by hand it stays until it is told "quit".
 #include "windows/standins/Engine.h"
 #include "windows/standins/Outside.h"
@@ -27,11 +27,12 @@ DWORD Serve(REFCLSID id, Maker make)
 void Run(bool endsAlone)
 {
     const auto scene = NewOutsideScene(L"engine");
-    const std::array cookies{Serve(EngineClass, [scene] { return NewControl(scene); }),
-                             Serve(SpeechClass, [scene] { return NewSpeech(scene); })};
+    scene->plainReceivers = true;
+    const DWORD cookie = Serve(EngineClass, [scene] { return NewControl(scene); });
+    scene->revoke = [cookie] { CoRevokeClassObject(cookie); };
     ServeUntilQuit(*scene, endsAlone);
-    for (const DWORD cookie : cookies)
-        CoRevokeClassObject(cookie);
+    scene->revoke();
+    scene->revoke = nullptr;
 }
 
 }
