@@ -1,6 +1,7 @@
 #include "platform/linux/LinuxFiles.h"
 #include "TemporaryHome.h"
 #include "platform/Failure.h"
+#include "platform/FirstStart.h"
 #include "platform/linux/FirstStart.h"
 #include "platform/linux/LinuxEnvironment.h"
 #include "platform/linux/LinuxRegistry.h"

@@ -1,20 +1,10 @@
 #pragma once
-#include "platform/Registry.h"
 #include <string>
 
 // What a new user finds. Failures are harmless: what could not be placed is tried again at the next start.
 namespace platform::linuxdesktop {
 
-inline constexpr char OptionKey[] = "Software\\Tarrowind\\Parlune";
-
 // Copies every character file of `from` that is missing in `to`, creating that folder.
 void PlaceCharacters(const std::string& from, const std::string& to);
-
-// Gives the registry five greetings, so that the character greets a new user by voice.
-void SeedGreetings(IRegistry& registry);
-
-// Gives the registry a custom size of 0 where it has none: the program reads it at every start as a number, but writes it
-// only at the end of a run that had a character, and would report each of the two as a failure until then.
-void SeedCustomSize(IRegistry& registry);
 
 }

@@ -1,4 +1,5 @@
 #include "platform/linux/LinuxDesktop.h"
+#include "platform/FirstStart.h"
 #include "platform/linux/FirstStart.h"
 #include "platform/linux/UserFolders.h"
 #include <limits>
