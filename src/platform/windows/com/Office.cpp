@@ -56,6 +56,13 @@ private:
     CDispatch m_application;
 };
 
+// Nobody has registered, or who has is dead.
+bool MeansNotRunning(HRESULT result)
+{
+    return result == MK_E_UNAVAILABLE || result == HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE) ||
+           result == HRESULT_FROM_WIN32(RPC_S_CALL_FAILED) || result == CO_E_OBJNOTCONNECTED || result == RPC_E_DISCONNECTED;
+}
+
 // None when the application is not there.
 CInterface<IDispatch> RunningObject(const wchar_t* name)
 {
@@ -65,9 +72,10 @@ CInterface<IDispatch> RunningObject(const wchar_t* name)
         return {};
     CInterface<IUnknown> application;
     const HRESULT result = GetActiveObject(id, nullptr, application.Receive());
-    if (result == MK_E_UNAVAILABLE || (SUCCEEDED(result) && !application))
-        return {};
-    com::Check(result);
+    if (FAILED(result))
+        application.Forget();
+    if (!MeansNotRunning(result))
+        com::Check(result);
     return application.As<IDispatch>();
 }
 
