@@ -125,6 +125,23 @@ TEST_F(OtherServer, Failure_OfAnObjectElsewhere_KeepsItsCodeAndText)
     EXPECT_EQ(FailureText([&] { bot->Name(); }), "no balloon");
 }
 
+TEST_F(OtherServer, Procedure_OfAServerElsewhere_IsNotCalledHere)
+{
+    static DWORD caller = 0;
+    caller = 0;
+    CServerThread server(Answering(L"Name", [](const CallOfMember& call) {
+        call.exception->scode = static_cast<SCODE>(0x8004200C);
+        call.exception->pfnDeferredFillIn = [](EXCEPINFO*) CALLBACK -> HRESULT {
+            caller = GetCurrentThreadId();
+            return S_OK;
+        };
+        return DISP_E_EXCEPTION;
+    }));
+    const auto bot = Remote(server);
+    EXPECT_EQ(FailureNumber([&] { bot->Name(); }), Code(0x8004200C));
+    EXPECT_NE(caller, GetCurrentThreadId());
+}
+
 TEST_F(OtherServer, Event_RaisedWhileACallWaits_ArrivesAfterTheCall)
 {
     const CSignal raised;

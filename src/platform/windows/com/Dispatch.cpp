@@ -9,6 +9,9 @@ namespace {
 // The names are English wherever the program runs; asked in a language of which it has no pack, a spreadsheet fails.
 constexpr LCID NamesLanguage = 0x0409;
 
+// What stands for an object of another program, or of another apartment, has an interface that no other object has.
+bool IsInside(const CInterface<IDispatch>& object) { return !object.As<IMultiQI>(); }
+
 // As COM wants them: the last first. Borrows the values.
 std::vector<VARIANT> Reversed(Arguments arguments)
 {
@@ -49,7 +52,7 @@ void CDispatch::Invoke(DISPID member, WORD flags, DISPPARAMS& parameters, VARIAN
     const HRESULT answer =
         object->Invoke(member, IID_NULL, NamesLanguage, flags, &parameters, result, exception.Receive(), &badArgument);
     if (answer == DISP_E_EXCEPTION)
-        throw exception.Failure();
+        throw exception.Failure(IsInside(object));
     Check(answer);
 }
 

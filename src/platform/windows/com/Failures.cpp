@@ -58,9 +58,9 @@ std::int32_t CException::Code() const
     return m_info.wCode != 0 ? m_info.wCode : static_cast<std::int32_t>(DISP_E_EXCEPTION);
 }
 
-CFailure CException::Failure()
+CFailure CException::Failure(bool serverIsInside)
 {
-    if (m_info.pfnDeferredFillIn) {
+    if (m_info.pfnDeferredFillIn && serverIsInside) {
         const COutgoingCall call;
         m_info.pfnDeferredFillIn(&m_info);
         m_info.pfnDeferredFillIn = nullptr;

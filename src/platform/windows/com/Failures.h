@@ -19,8 +19,9 @@ public:
     CException(const CException&) = delete;
     CException& operator=(const CException&) = delete;
     EXCEPINFO* Receive() { return &m_info; }
-    // Its code and description; the system's text when the server has none. Asks the server for what it held back.
-    CFailure Failure();
+    // Its code and description; the system's text when the server has none. Asks the server for what it held back, which
+    // only one inside this program can be: from another, the procedure for that may come as a mere number.
+    CFailure Failure(bool serverIsInside);
 
 private:
     std::int32_t Code() const;
