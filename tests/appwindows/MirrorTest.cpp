@@ -1,51 +1,12 @@
-#include "FilledForm.h"
+#include "Mirror.h"
 #include "app/windows/ControlIds.h"
 
-// Each kind of control both ways: what the program sets is shown, what the user does is reported. Messages stand for the
-// user.
+// Each kind of control both ways: what the program sets is shown, what the user does is reported.
 namespace {
-
 using appwindows::Send;
 using appwindows::TextOf;
 using appwindows::ToParam;
 using platform::windowsdesktop::FromWide;
-
-struct Mirror : testing::Test {
-    ShownWindow shown;
-
-    void Click(const char* control)
-    {
-        Send(shown.Native(control), BM_CLICK);
-        shown.Turn();
-    }
-    void Type(HWND window, const wchar_t* letters)
-    {
-        for (; *letters; ++letters)
-            Send(window, WM_CHAR, *letters, 1);
-        shown.Turn();
-    }
-    // As the system's own boxes do when the user chooses.
-    void Choose(HWND list, UINT select, int index, int notification)
-    {
-        Send(list, select, static_cast<WPARAM>(index));
-        Send(GetParent(list), WM_COMMAND, static_cast<WPARAM>(MAKELONG(GetDlgCtrlID(list), notification)), ToParam(list));
-        shown.Turn();
-    }
-    HWND EditOf(const char* combo) const
-    {
-        COMBOBOXINFO parts = {};
-        parts.cbSize = sizeof parts;
-        GetComboBoxInfo(shown.Native(combo), &parts);
-        return parts.hwndItem;
-    }
-    std::string EntryOf(const char* combo, int index) const
-    {
-        wchar_t text[200] = L"";
-        Send(shown.Native(combo), CB_GETLBTEXT, static_cast<WPARAM>(index), ToParam(text));
-        return FromWide(text);
-    }
-};
-
 }
 
 TEST_F(Mirror, Control_OfEveryRow_HasItsNumber)
@@ -314,128 +275,6 @@ TEST_F(Mirror, Page_NotYetVisited_IsNotMade)
     shown.Visit(1);
     EXPECT_NE(shown.Native("cboChar"), nullptr);
     EXPECT_EQ(shown.Native("lstTTS"), nullptr);
-}
-
-TEST_F(Mirror, TextBox_TypedByTheUser_ChangesTheTextAndKeepsTheCaret)
-{
-    int changes = 0;
-    shown.form.txtSize[0].SetEnabled(true);
-    shown.form.txtSize[0].SetText("");
-    shown.Visit(1);
-    shown.form.txtSize[0].onChange = [&] { ++changes; };
-    Type(shown.Native("txtSize(0)"), L"20");
-    Type(shown.Native("txtSize(0)"), L"4");
-
-    EXPECT_EQ(shown.form.txtSize[0].Text(), "204");
-    EXPECT_EQ(shown.form.txtSize[0].SelectionStart(), 3);
-    EXPECT_EQ(changes, 3);
-}
-
-TEST_F(Mirror, TextBox_SetByTheProgram_IsShownAndChangesOnce)
-{
-    int changes = 0;
-    shown.Visit(5);
-    shown.form.txtUserName.onChange = [&] { ++changes; };
-    shown.form.txtUserName.SetText("\xD0\x96\xD1\x8B \xF0\x9F\x99\x82");
-    shown.Turn();
-
-    EXPECT_EQ(TextOf(shown.Native("txtUserName")), "\xD0\x96\xD1\x8B \xF0\x9F\x99\x82");
-    EXPECT_EQ(shown.form.txtUserName.Text(), "\xD0\x96\xD1\x8B \xF0\x9F\x99\x82");
-    EXPECT_EQ(changes, 1);
-}
-
-TEST_F(Mirror, TextBox_Return_Commits)
-{
-    int commits = 0;
-    shown.form.txtUserName.onCommit = [&] { ++commits; };
-    shown.Visit(5);
-    shown.form.txtUserName.SetFocus();
-    shown.Turn();
-    shown.Press(VK_RETURN);
-
-    EXPECT_EQ(commits, 1);
-}
-
-TEST_F(Mirror, TextBox_LeftByTheUser_Commits)
-{
-    int commits = 0;
-    shown.form.txtUserName.onCommit = [&] { ++commits; };
-    shown.Visit(5);
-    shown.form.txtUserName.SetFocus();
-    shown.Turn();
-    shown.Press(VK_TAB);
-
-    EXPECT_EQ(commits, 1);
-}
-
-TEST_F(Mirror, TextBox_SelectedByTheProgram_IsShownSelected)
-{
-    DWORD from = 9, to = 9;
-    shown.Visit(5);
-    shown.form.txtUserName.SelectAll();
-    Send(shown.Native("txtUserName"), EM_GETSEL, reinterpret_cast<WPARAM>(&from), ToParam(&to));
-
-    EXPECT_EQ(from, 0U);
-    EXPECT_EQ(to, 3U);
-    EXPECT_EQ(shown.form.txtUserName.SelectedText(), "Ada");
-}
-
-TEST_F(Mirror, TextBox_WhenTheFocusComes_IsEnteredOnce)
-{
-    int entered = 0;
-    shown.form.txtUserName.onEnter = [&] {
-        ++entered;
-        shown.form.txtUserName.SelectAll();
-    };
-    shown.Visit(5);
-    shown.form.txtUserName.SetFocus();
-    shown.Turn();
-
-    EXPECT_EQ(entered, 1);
-    EXPECT_EQ(shown.form.txtUserName.SelectedText(), "Ada");
-}
-
-TEST_F(Mirror, TextBox_ControlA_SelectsAll)
-{
-    shown.Visit(5);
-    Send(shown.Native("txtGreeting(0)"), WM_CHAR, 1, 1);
-
-    EXPECT_EQ(shown.form.txtGreeting[0].SelectionLength(), 56);
-}
-
-TEST_F(Mirror, TextArea_LineBreaks_AreTheProgramsOwn)
-{
-    shown.Visit(5);
-    shown.form.txtGreeting[0].SetText("One\r\nTwo");
-    HWND area = shown.Native("txtGreeting(0)");
-    Send(area, EM_SETSEL, 8, 8);
-    Type(area, L"\rThree");
-
-    EXPECT_EQ(shown.form.txtGreeting[0].Text(), "One\r\nTwo\r\nThree");
-    EXPECT_EQ(shown.form.txtGreeting[0].SelectionStart(), 15);
-}
-
-TEST_F(Mirror, TextArea_LoneLineFeedOfTheProgram_BecomesALineBreak)
-{
-    shown.Visit(5);
-    shown.form.txtGreeting[0].SetText("One\nTwo");
-
-    EXPECT_EQ(shown.form.txtGreeting[0].Text(), "One\r\nTwo");
-}
-
-TEST_F(Mirror, TextArea_SelectionBeyondAnEmoji_CountsCharacters)
-{
-    DWORD from = 0, to = 0;
-    shown.Visit(5);
-    shown.form.txtGreeting[0].SetText("\xF0\x9F\x99\x82\r\nab");
-    shown.form.txtGreeting[0].Select(3, 1);
-    Send(shown.Native("txtGreeting(0)"), EM_GETSEL, reinterpret_cast<WPARAM>(&from), ToParam(&to));
-
-    EXPECT_EQ(from, 4U);
-    EXPECT_EQ(to, 5U);
-    EXPECT_EQ(shown.form.txtGreeting[0].SelectedText(), "a");
-    EXPECT_EQ(shown.form.txtGreeting[0].SelectionStart(), 3);
-    EXPECT_EQ(shown.form.txtGreeting[0].SelectionLength(), 1);
 }
 
 TEST_F(Mirror, Label_CaptionAndStyle_AreShown)

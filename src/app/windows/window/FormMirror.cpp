@@ -78,7 +78,9 @@ void CFormMirror::AddSpokenLabel(const Row& row, HWND holder) const
 void CFormMirror::Mirror(CPeer& peer)
 {
     const bool unseen = peer.Look().kind == Kind::Frame && peer.Subject().Caption().empty();
-    peer.Mirror(IsEnabled(peer), IsVisible(peer) && !unseen);
+    peer.wasEnabled = IsEnabled(peer);
+    peer.wasVisible = IsVisible(peer);
+    peer.Mirror(peer.wasEnabled, peer.wasVisible && !unseen);
     MirrorToolTip(peer);
 }
 
@@ -101,7 +103,7 @@ void CFormMirror::MirrorNow()
 {
     m_turnDue = false;
     for (const auto& peer : m_peers)
-        if (peer && peer->changed && (peer->Look().kind == Kind::Frame || peer->Look().kind == Kind::TabStrip))
+        if (peer && peer->changed && (IsEnabled(*peer) != peer->wasEnabled || IsVisible(*peer) != peer->wasVisible))
             MarkHeld(*peer);
     bool placesChanged = false;
     for (std::size_t at = 0; at < m_peers.size(); ++at) {  // Showing a page adds peers.

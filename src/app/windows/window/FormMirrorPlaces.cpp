@@ -96,7 +96,9 @@ CPage& CFormMirror::MakePage(const Holder& holder)
 SIZE CFormMirror::LeastSizeOf(const Holder& page) const
 {
     const Rectangle inside = ui::layout::InsideOf(m_layout, page);
-    const SIZE size = m_units.ToPixels(inside.width, inside.height);
+    constexpr LONG Rounding = 2;  // Edges are rounded one by one.
+    SIZE size = m_units.ToPixels(inside.width, inside.height);
+    size = {size.cx - Rounding, size.cy - Rounding};
     const bool givesWay = std::any_of(m_layout.rows.begin(), m_layout.rows.end(), [&](const Row& row) {
         return SameHolder(row.holder, page) && row.growth == Growth::Both;
     });

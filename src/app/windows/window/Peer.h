@@ -54,6 +54,9 @@ public:
     virtual void Entered() {}  // A moment after the focus came.
 
     bool changed = false;
+    // As of the last time that it was mirrored, with what holds it.
+    bool wasEnabled = true;
+    bool wasVisible = true;
 
 protected:
     virtual void MirrorOwn() {}

@@ -79,12 +79,12 @@ private:
 // A line stands in the middle of its place, as high as the boxes with a list.
 void CTextPeer::MoveTo(const Rectangle& place)
 {
-    constexpr int BoxHeight = 8;
+    constexpr int BoxHeight = 8;  // Its border, which does not grow with the resolution.
     Rectangle own = place;
     if (Look().kind == Kind::TextBox) {
         const CMemoryDc dc;
         const CSelected font(dc.Get(), reinterpret_cast<HGDIOBJ>(Send(Native(), WM_GETFONT)));
-        own.height = std::min(place.height, static_cast<int>(ExtentOf(dc.Get(), "A").cy) + Scaled(BoxHeight, Dpi()));
+        own.height = std::min(place.height, static_cast<int>(ExtentOf(dc.Get(), "A").cy) + BoxHeight);
         own.y += (place.height - own.height) / 2;
     }
     CPeer::MoveTo(own);
