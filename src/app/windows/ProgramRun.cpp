@@ -11,9 +11,13 @@
 namespace appwindows {
 namespace {
 
+// While the program starts, another question may follow the last window, and the system shows no box to a program that has
+// been told to quit. The start looks itself when it is over.
+bool starting = false;
+
 void QuitAfterLastWindow()
 {
-    if (!MainWindow().Loaded() && !SplashWindow().Loaded())
+    if (!starting && !MainWindow().Loaded() && !SplashWindow().Loaded())
         PostQuitMessage(0);
 }
 
@@ -62,10 +66,10 @@ void CProgramRun::LendWindows()
 
 int CProgramRun::Run()
 {
-    RunGuarded([] {
-        SplashWindow().Load();
-        QuitAfterLastWindow();
-    });
+    starting = true;
+    RunGuarded([] { SplashWindow().Load(); });
+    starting = false;
+    RunGuarded(QuitAfterLastWindow);
     MSG message = {};
     while (GetMessageW(&message, nullptr, 0, 0) > 0)
         RunGuarded([&] { m_desktop.Events().Dispatch(message); });

@@ -27,8 +27,10 @@ public:
     }
     LRESULT Notified(const NMHDR& header) override
     {
-        if (header.code == TCN_SELCHANGE)
-            m_control.Select(Send<std::int32_t>(Native(), TCM_GETCURSEL));
+        if (header.code != TCN_SELCHANGE)
+            return 0;
+        m_control.Select(Send<std::int32_t>(Native(), TCM_GETCURSEL));
+        Owner().BringUpToDate();  // The page comes with its tab.
         return 0;
     }
 
