@@ -11,14 +11,20 @@
 namespace appwindows {
 namespace {
 
-// While the program starts, another question may follow the last window, and the system shows no box to a program that has
-// been told to quit. The start looks itself when it is over.
-bool starting = false;
-
 void QuitAfterLastWindow()
 {
-    if (!starting && !MainWindow().Loaded() && !SplashWindow().Loaded())
+    if (!MainWindow().Loaded() && !SplashWindow().Loaded())
         PostQuitMessage(0);
+}
+
+// After the splash another question may follow, and the system shows no box to a program that has been told to quit. The
+// start looks itself when it is over.
+bool starting = false;
+
+void QuitAfterSplash()
+{
+    if (!starting)
+        QuitAfterLastWindow();
 }
 
 }
@@ -50,7 +56,7 @@ void CProgramRun::MakeWindows()
     m_mainWindow = std::make_unique<CMainWindowPeer>(
         MainWindow(), CMainWindowPeer::Procedures{
                           .isBusy = isBusy, .unloaded = QuitAfterLastWindow, .sessionEnds = [this] { EndSession(); }});
-    m_splash = std::make_unique<CSplashPeer>(SplashWindow(), QuitAfterLastWindow);
+    m_splash = std::make_unique<CSplashPeer>(SplashWindow(), QuitAfterSplash);
     m_tray = std::make_unique<CTrayWindow>(TrayWindow(), MainWindow(), [this](const Message& message) {
         return m_desktop.TrayIcon().OnMessage(message.code, message.w, message.l);
     });
