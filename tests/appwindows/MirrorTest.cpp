@@ -269,45 +269,6 @@ TEST_F(Mirror, Tab_ChosenByTheUser_IsSelectedOnce)
     EXPECT_FALSE(IsWindowVisible(shown.Native("chkShowSplash")));
 }
 
-TEST_F(Mirror, Tab_ChosenByTheUser_HasItsPageAtOnce)
-{
-    Send(shown.Native("tabMain"), TCM_SETCURFOCUS, 4);
-
-    EXPECT_TRUE(IsWindowVisible(shown.Native("txtRead")));
-}
-
-namespace {
-
-// Another thread, as another program would, asks a window for its text.
-struct Asker {
-    HWND window;
-    std::string answer;
-    static DWORD WINAPI Ask(LPVOID self)
-    {
-        auto& asker = *static_cast<Asker*>(self);
-        wchar_t text[100] = L"";
-        Send(asker.window, WM_GETTEXT, 100, ToParam(text));
-        asker.answer = FromWide(text);
-        PostMessageW(asker.window, WM_APP, 0, 0);
-        return 0;
-    }
-};
-
-}
-
-TEST_F(Mirror, Control_AskedFromOutside_AnswersWithWhatWaitsToBeShown)
-{
-    Asker asker{shown.Native("cmdReadClipboard"), ""};
-    shown.form.cmdReadClipboard.SetCaption("Changed");
-    HANDLE thread = CreateThread(nullptr, 0, Asker::Ask, &asker, 0, nullptr);
-    MSG message = {};  // Delivers what is sent; only the end of the other thread's question is taken from the queue.
-    GetMessageW(&message, asker.window, WM_APP, WM_APP);
-    WaitForSingleObject(thread, INFINITE);
-    CloseHandle(thread);
-
-    EXPECT_EQ(asker.answer, "Changed");
-}
-
 TEST_F(Mirror, Page_NotYetVisited_IsNotMade)
 {
     EXPECT_EQ(shown.Native("cboChar"), nullptr);

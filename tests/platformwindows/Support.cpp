@@ -34,31 +34,11 @@ BOOL CALLBACK TakeDialog(HWND window, LPARAM found)
     return FALSE;
 }
 
-BOOL CALLBACK TakeListOfFiles(HWND window, LPARAM found)
-{
-    wchar_t name[32] = {};
-    GetClassNameW(window, name, 32);
-    if (std::wstring(name) != L"SysListView32" || !IsWindowVisible(window))
-        return TRUE;
-    *reinterpret_cast<bool*>(found) = true;
-    return FALSE;
-}
-
-// A file dialog that is answered while it still builds its list of files never ends. Other dialogs stand at once.
-bool IsBuilt(HWND dialog)
-{
-    constexpr int NameControl = 1148;
-    bool hasList = GetDlgItem(dialog, NameControl) == nullptr;
-    if (!hasList)
-        EnumChildWindows(dialog, TakeListOfFiles, reinterpret_cast<LPARAM>(&hasList));
-    return hasList;
-}
-
 HWND StandingDialog()
 {
     HWND dialog = nullptr;
     EnumThreadWindows(GetCurrentThreadId(), TakeDialog, reinterpret_cast<LPARAM>(&dialog));
-    return dialog != nullptr && IsBuilt(dialog) ? dialog : nullptr;
+    return dialog;
 }
 }
 

@@ -16,8 +16,8 @@ protected:
     // What was copied before has been handled when the answer to this is there.
     void Settle()
     {
-        clipboard::CopyText("the end of it");
-        EXPECT_TRUE(agent.Speaks("the end of it"));
+        agent.Hears("Stop");
+        EXPECT_TRUE(agent.Sees("call Character[Bot].StopAll"));
     }
 };
 
@@ -45,7 +45,7 @@ TEST_F(ClipboardMonitor, PictureCopied_ReadsNothing)
     clipboard::CopyPicture();
     Settle();
 
-    EXPECT_EQ(agent.Spoken(), std::vector<std::string>{"the end of it"});
+    EXPECT_TRUE(agent.Spoken().empty());
 }
 
 TEST_F(ClipboardMonitor, NothingCopied_ReadsNothing)
@@ -54,7 +54,7 @@ TEST_F(ClipboardMonitor, NothingCopied_ReadsNothing)
     clipboard::Empty();
     Settle();
 
-    EXPECT_EQ(agent.Spoken(), std::vector<std::string>{"the end of it"});
+    EXPECT_TRUE(agent.Spoken().empty());
 }
 
 TEST_F(ClipboardMonitor, SecretCopied_IsNotRead)
@@ -63,7 +63,7 @@ TEST_F(ClipboardMonitor, SecretCopied_IsNotRead)
     clipboard::CopySecret("hunter2");
     Settle();
 
-    EXPECT_EQ(agent.Spoken(), std::vector<std::string>{"the end of it"});
+    EXPECT_TRUE(agent.Spoken().empty());
 }
 
 TEST_F(ClipboardMonitor, WhatWasThereBefore_IsNotRead)
@@ -72,7 +72,7 @@ TEST_F(ClipboardMonitor, WhatWasThereBefore_IsNotRead)
     Watch();
     Settle();
 
-    EXPECT_EQ(agent.Spoken(), std::vector<std::string>{"the end of it"});
+    EXPECT_TRUE(agent.Spoken().empty());
 }
 
 TEST_F(ClipboardMonitor, Off_ReadsNothing)
@@ -80,8 +80,7 @@ TEST_F(ClipboardMonitor, Off_ReadsNothing)
     Begin();
     agent.Forget();
     clipboard::CopyText("copied elsewhere");
-    agent.Hears("Stop");
-    ASSERT_TRUE(agent.Sees("call Character[Bot].StopAll"));
+    Settle();
 
     EXPECT_TRUE(agent.Spoken().empty());
     EXPECT_NE(GetClipboardViewer(), parlune.Main());

@@ -68,4 +68,30 @@ TEST(Folders, Sealed_TakesNoFile)
     EXPECT_FALSE(FileExists("C:\\sealed\\x.txt"));
 }
 
+TEST(Held, GrowsWithWhatIsMade)
+{
+    const Held before = HeldBy(GetCurrentProcess());
+    std::vector<HPEN> pens;
+    std::vector<HMENU> menus;
+    std::vector<HANDLE> events;
+    for (int i = 0; i < 500; ++i) {
+        pens.push_back(CreatePen(PS_SOLID, i + 1, 0));
+        menus.push_back(CreateMenu());
+        events.push_back(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    }
+    const Held after = HeldBy(GetCurrentProcess());
+    for (int i = 0; i < 500; ++i) {
+        DeleteObject(pens.at(static_cast<std::size_t>(i)));
+        DestroyMenu(menus.at(static_cast<std::size_t>(i)));
+        CloseHandle(events.at(static_cast<std::size_t>(i)));
+    }
+    const Held again = HeldBy(GetCurrentProcess());
+
+    EXPECT_EQ(after.drawing, before.drawing + 500);
+    EXPECT_GE(after.windows, before.windows + 400);
+    EXPECT_EQ(after.handles, before.handles + 500);
+    EXPECT_EQ(again.drawing, before.drawing);
+    EXPECT_EQ(again.handles, before.handles);
+}
+
 }

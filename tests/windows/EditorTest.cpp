@@ -26,11 +26,9 @@ protected:
     }
     void ClickToolBar(int button)
     {
-        const HWND bar = parlune.Control("tlbToolbar");
-        const auto size = Ask(bar, TB_GETBUTTONSIZE);
-        const RECT place = PlaceOf(bar);
+        const RECT place = PlaceOfButton(parlune.Control("tlbToolbar"), button);
         hand::Front(parlune.Main());
-        hand::Click(POINT{place.left + 4 + LOWORD(size) * button + LOWORD(size) / 2, place.top + 4 + HIWORD(size) / 2});
+        hand::Click(POINT{(place.left + place.right) / 2, (place.top + place.bottom) / 2});
     }
 };
 

@@ -31,7 +31,7 @@ TEST_P(Boxes, Stored_IsSeenAtTheStart)
 {
     const Tick& tick = GetParam();
     registry::PutOption(tick.option, tick.first ? "0" : "1");
-    Begin();
+    BeginWithoutCharacter();
 
     EXPECT_EQ(parlune.IsTicked(tick.box), !tick.first);
 }

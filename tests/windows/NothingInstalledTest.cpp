@@ -56,6 +56,7 @@ TEST_F(NothingInstalled, Start_OkTwice_TellsOfBothAndEnds)
     Answer(See(NoSpeechPanel), IDOK);
 
     EXPECT_TRUE(parlune.HasEnded());
+    EXPECT_TRUE(Eventually([] { return browser::Opened().size() == 2; }));
     EXPECT_EQ(browser::Opened(), (std::vector<std::string>{"https://parlune.example/", "https://parlune.example/"}));
 }
 
@@ -111,7 +112,8 @@ TEST_F(NothingInstalled, Start_Fails_WritesNoOptions)
     Answer(See(NoControl), IDCANCEL);
 
     EXPECT_TRUE(parlune.HasEnded());
-    EXPECT_FALSE(registry::HasKey(HKEY_CURRENT_USER, registry::OptionKey));
+    EXPECT_EQ(registry::Option("FirstTime"), "(none)");
+    EXPECT_EQ(registry::Option("DSSInstalled"), "(none)");
 }
 
 }

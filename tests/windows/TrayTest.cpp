@@ -153,8 +153,7 @@ TEST_F(SystemTray, DoubleClickOnTheIcon_ShowsTheOptionsWindow)
 {
     Begin();
     ASSERT_TRUE(Eventually(HasIcon));
-    hand::Click(Icon());
-    hand::Click(Icon());
+    hand::DoubleClick(Icon());
 
     EXPECT_TRUE(Eventually([&] { return parlune.IsShown(); }));
 }

@@ -99,8 +99,7 @@ TEST_F(VoicePage, DoubleClickOnAVoice_TestsIt)
 {
     BeginOnPage();
     const RECT place = PlaceOf(parlune.Control("lstTTS"));
-    hand::Click(POINT{place.left + 20, place.top + 8});
-    hand::Click(POINT{place.left + 20, place.top + 8});
+    hand::DoubleClick(POINT{place.left + 20, place.top + 8});
 
     EXPECT_TRUE(agent.Sees("put Character[Bot].TTSModeID(\"{CA141FD0-AC7F-11D1-97A3-006008273000}\")"));
     EXPECT_TRUE(agent.Speaks(Welcome));

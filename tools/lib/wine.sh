@@ -30,10 +30,6 @@ wine_make_prefix() {
     # Debian's Wine does not look for its own fonts there.
     local font
     for font in /usr/share/wine/fonts/*.ttf; do ln -sf "$font" "$WINEPREFIX/drive_c/windows/Fonts/"; done
-    # Desktop, Documents and their like are links to the home folder, which goes with the desktop; a copy of the prefix would miss
-    # them, and file dialogs would wait for them.
-    local folder
-    find "$WINEPREFIX/drive_c/users" -maxdepth 2 -type l | while read -r folder; do rm "$folder" && mkdir "$folder"; done
     # A program that crashes shall end, not wait in a debugger's window.
     wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f >/dev/null 2>&1 </dev/null
     wineserver -w

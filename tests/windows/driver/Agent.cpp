@@ -6,6 +6,8 @@
 #include "windows/standins/Commands.h"
 #include "windows/standins/Engine.h"
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 
 namespace driver {
 namespace {
@@ -83,6 +85,12 @@ void CAgent::ServeFromOutside()
     standins::WaitForStandIn(10000);
 }
 
+void CAgent::EndServer()
+{
+    if (m_server && m_server->IsRunning() && Tell("quit"))
+        m_server->WaitForEnd(5);
+}
+
 bool CAgent::Tell(const std::string& command) const
 {
     return standins::AskStandIn(command, "engine", m_server ? m_server->Id() : m_parlune->Id()) ==
@@ -106,14 +114,33 @@ bool CAgent::DoubleClick(int button, int shift) const
 
 std::vector<std::string> CAgent::Log() const
 {
-    std::vector<std::string> lines = standins::ReadLog(platform::windowsdesktop::ToWide(LogFile));
-    lines.erase(lines.begin(), lines.begin() + static_cast<std::ptrdiff_t>(std::min(m_forgotten, lines.size())));
-    for (std::string& line : lines)
-        line = WithoutTypes(line);
+    std::ifstream stream(LogFile, std::ios::binary);
+    stream.seekg(m_forgotten);
+    const std::string bytes{std::istreambuf_iterator<char>(stream), {}};
+    std::vector<std::string> lines;
+    std::size_t begin = 0;
+    for (std::size_t end = 0; (end = bytes.find('\n', begin)) != std::string::npos; begin = end + 1)
+        lines.push_back(WithoutTypes(bytes.substr(begin, end - begin)));
     return lines;
 }
 
-void CAgent::Forget() { m_forgotten += Log().size(); }
+void CAgent::Forget()
+{
+    const std::string bytes = Contents(LogFile);
+    m_forgotten = static_cast<std::streamoff>(bytes.rfind('\n') + 1);
+}
+
+void CAgent::Rest() const
+{
+    constexpr int LooksWithoutNews = 10;
+    std::size_t lines = 0;
+    Eventually([&, looks = 0]() mutable {
+        const std::size_t now = Log().size();
+        looks = now == lines ? looks + 1 : 0;
+        lines = now;
+        return looks == LooksWithoutNews;
+    });
+}
 
 std::vector<std::string> CAgent::LinesWith(const std::string& beginning) const
 {

@@ -1,5 +1,6 @@
 #pragma once
 #include "driver/Parlune.h"
+#include <ios>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +19,7 @@ public:
     void Prepare(const std::string& command);  // To be obeyed as soon as the engine is there.
     // The engine in a process of its own, which may end or hang: started here, and installed in place of the other.
     void ServeFromOutside();
+    void EndServer();  // In good order: the system takes one that was killed for alive.
     CProcess& Server() { return *m_server; }
     // Variables for the program, so that its stand-in writes the log; begins a new log.
     Environment Variables();
@@ -32,6 +34,7 @@ public:
     // What was asked since the start or the last call of Forget, a line each.
     std::vector<std::string> Log() const;
     void Forget();
+    void Rest() const;  // Waits until it is asked nothing more for a moment.
     std::vector<std::string> LinesWith(const std::string& beginning) const;
     bool Saw(const std::string& line) const;                               // Until now.
     bool Sees(const std::string& beginning, std::size_t times = 1) const;  // Waits for that many lines.
@@ -42,7 +45,7 @@ private:
     const CParlune* m_parlune;
     std::unique_ptr<CProcess> m_server;
     std::string m_setup;
-    std::size_t m_forgotten = 0;
+    std::streamoff m_forgotten = 0;  // Bytes of the log.
 };
 
 }

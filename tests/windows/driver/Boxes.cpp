@@ -75,28 +75,8 @@ long long Difference(const std::vector<DWORD>& left, const std::vector<DWORD>& r
     return sum;
 }
 
-}
-
-Box FindBox(DWORD process)
+Sign SignSeenOn(HWND icon)
 {
-    for (HWND window : WindowsOf(process))
-        if (WaitsForAnswer(window) && GetDlgItem(window, TextId) && !GetDlgItem(window, FileNameId))
-            return {window, TextOf(window), TextOf(GetDlgItem(window, TextId)), ButtonsOf(window), StandardButton(window)};
-    return {};
-}
-
-Box WaitForBox(DWORD process)
-{
-    Box box;
-    Eventually([&] { return static_cast<bool>(box = FindBox(process)); });
-    return box;
-}
-
-Sign SignOf(const Box& box)
-{
-    const HWND icon = IconOf(box.window);
-    if (!icon)
-        return Sign::None;
     const Picture seen = PictureOf(PlaceOf(icon));
     const std::pair<Sign, const wchar_t*> signs[] = {{Sign::Stop, reinterpret_cast<const wchar_t*>(IDI_HAND)},
                                                      {Sign::Question, reinterpret_cast<const wchar_t*>(IDI_QUESTION)},
@@ -112,6 +92,35 @@ Sign SignOf(const Box& box)
         }
     }
     return nearest;
+}
+
+}
+
+Box FindBox(DWORD process)
+{
+    for (HWND window : WindowsOf(process)) {
+        if (!WaitsForAnswer(window) || !GetDlgItem(window, TextId) || GetDlgItem(window, FileNameId))
+            continue;
+        const Box box{window, TextOf(window), TextOf(GetDlgItem(window, TextId)), ButtonsOf(window), StandardButton(window)};
+        if (!box.text.empty())  // It is still being made.
+            return box;
+    }
+    return {};
+}
+
+Box WaitForBox(DWORD process)
+{
+    Box box;
+    Eventually([&] { return static_cast<bool>(box = FindBox(process)); });
+    return box;
+}
+
+Sign SignOf(const Box& box)
+{
+    Sign sign = Sign::None;
+    if (const HWND icon = IconOf(box.window))  // It may not be drawn yet.
+        Eventually([&] { return (sign = SignSeenOn(icon)) != Sign::None; }, 1);
+    return sign;
 }
 
 void Answer(const Box& box, int button)

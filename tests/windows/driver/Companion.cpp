@@ -21,6 +21,7 @@ void CCompanion::SetUp()
 void CCompanion::TearDown()
 {
     CDesk::TearDown();
+    agent.EndServer();
     CAgent::Uninstall();
 }
 
@@ -29,8 +30,31 @@ void CCompanion::Begin(const std::string& arguments, const Environment& changed)
     Environment variables = changed;
     variables.merge(agent.Variables());
     parlune.Start(arguments, variables);
-    if (WaitForInputIdle(parlune.Process().Handle(), 15000) != 0)
-        FAIL() << "the program does not come to rest";
+    EXPECT_TRUE(agent.Sees("call Character[Bot].Show")) << "the character does not come";
+    agent.Rest();
+}
+
+void CCompanion::BeginWithoutCharacter()
+{
+    parlune.Start({}, agent.Variables());
+    EXPECT_TRUE(Eventually([&] { return parlune.Tray() != nullptr; }));
+    EXPECT_EQ(WaitForInputIdle(parlune.Process().Handle(), 10000), 0U);
+    agent.Rest();
+}
+
+std::vector<std::string> CCompanion::DismissReportsUntil(const std::function<bool()>& condition, double seconds)
+{
+    std::vector<std::string> reports;
+    const auto dismissed = [&] {
+        if (const Box box = FindBox(parlune.Id())) {
+            EXPECT_EQ(box.title, "Parlune 2.6 Unexpected Error");
+            reports.push_back(box.text);
+            Answer(box, IDOK);
+        }
+        return condition();
+    };
+    EXPECT_TRUE(Eventually(dismissed, seconds));
+    return reports;
 }
 
 void CCompanion::BeginShown()

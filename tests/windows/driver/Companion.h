@@ -1,6 +1,7 @@
 #pragma once
 #include "driver/Agent.h"
 #include "driver/Desk.h"
+#include <functional>
 
 namespace driver {
 
@@ -10,9 +11,12 @@ protected:
     void SetUp() override;
     void TearDown() override;
 
-    // Starts the program and waits until it waits for its user.
+    // Starts the program and waits until its character is there and it waits for its user.
     void Begin(const std::string& arguments = {}, const Environment& changed = {});
-    void BeginShown();  // The same, with the options window on the screen.
+    void BeginWithoutCharacter();  // The same where none comes.
+    void BeginShown();             // The same, with the options window on the screen.
+    // Answers every report of an unexpected error with OK until the condition holds, and gives the reports' texts.
+    std::vector<std::string> DismissReportsUntil(const std::function<bool()>& condition, double seconds = 10);
     Box SeeBox() { return WaitForBox(parlune.Id()); }
 
     CAgent agent{parlune};

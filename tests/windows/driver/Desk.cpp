@@ -1,6 +1,7 @@
 #include "driver/Desk.h"
 #include "driver/WebPages.h"
 #include "platform/windows/Text.h"
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -36,9 +37,23 @@ void PutCharacters()
         PutCharacter(std::string(CharacterFolder) + name);
 }
 
+// What the screen shows and what the engine was asked.
+void KeepEvidence()
+{
+    const ::testing::TestInfo& test = *::testing::UnitTest::GetInstance()->current_test_info();
+    std::string name = std::string("failed-") + test.test_suite_name() + "." + test.name();
+    std::replace(name.begin(), name.end(), '/', '-');
+    TakePicture(nullptr, name);
+    Keep("C:\\parlune\\engine.log", name + ".engine.log");
 }
 
-void CDesk::SetUpTestSuite() { CopyProgram(); }
+}
+
+void CDesk::SetUpTestSuite()
+{
+    static const bool copied = (CopyProgram(), true);
+    EXPECT_TRUE(copied);
+}
 
 void CDesk::SetUp()
 {
@@ -51,8 +66,8 @@ void CDesk::SetUp()
 
 void CDesk::TearDown()
 {
-    if (parlune.IsRunning() && HasFailure())
-        TakePicture(nullptr, std::string("failed-") + ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    if (HasFailure())
+        KeepEvidence();
     if (parlune.IsRunning())
         parlune.Process().Kill();
 }

@@ -84,6 +84,13 @@ void Click(HWND window)
     Send({Button(MOUSEEVENTF_LEFTDOWN), Button(MOUSEEVENTF_LEFTUP)});
 }
 
+void DoubleClick(POINT place)
+{
+    PointAt(place);
+    const INPUT down = Button(MOUSEEVENTF_LEFTDOWN), up = Button(MOUSEEVENTF_LEFTUP);
+    Send({down, up, down, up});
+}
+
 void RightClick(POINT place)
 {
     PointAt(place);

@@ -14,6 +14,7 @@ void PointAt(POINT place);
 void PointAt(HWND window);  // Its middle.
 void Click(POINT place);
 void Click(HWND window);
+void DoubleClick(POINT place);
 void RightClick(POINT place);
 
 }

@@ -49,6 +49,7 @@ const frmParlune& Form()
 void CParlune::Start(const std::string& arguments, Environment changed, const std::string& folder)
 {
     changed.insert({"APPDATA", DataFolder().substr(0, DataFolder().size() - 1)});
+    m_found.clear();
     m_process.Start(folder + "Parlune.exe" + arguments, folder, changed);
 }
 
@@ -67,9 +68,36 @@ HWND CParlune::Splash() const { return WindowOf(Id(), appwindows::SplashWindowCl
 bool CParlune::IsShown() const { return IsWindowVisible(Main()) && !IsIconic(Main()); }
 std::string CParlune::Title() const { return TextOf(Main()); }
 
+HWND CParlune::Find(const std::string& name) const
+{
+    HWND& found = m_found[name];
+    if (!IsWindow(found))
+        found = Inside(Main(), appwindows::IdOf(ui::layout::MainWindowLayout(), name));
+    return found;
+}
+
 HWND CParlune::Control(const std::string& name) const
 {
-    return Existing(Inside(Main(), appwindows::IdOf(ui::layout::MainWindowLayout(), name)), name);
+    if (!Find(name)) {
+        Reveal(name);
+        Eventually([&] { return Find(name) != nullptr; });
+    }
+    return Existing(Find(name), name);
+}
+
+void CParlune::Reveal(const std::string& name) const
+{
+    const ui::layout::Row* const row = ui::layout::FindRow(ui::layout::MainWindowLayout(), name);
+    if (!row)
+        throw std::runtime_error("no control has the name " + name);
+    if (!IsShown())
+        Show();
+    if (row->holder.control.empty())
+        return;
+    const std::string holder(row->holder.control);
+    Reveal(holder);
+    if (row->holder.page >= 0)
+        SetTab(holder, row->holder.page);
 }
 
 HWND CParlune::SplashControl(const std::string& name) const

@@ -31,7 +31,7 @@ public:
     bool IsShown() const;  // Whether the main window is seen.
     std::string Title() const;
 
-    // Controls under their names on the form.
+    // Controls under their names on the form. One that is not there yet is brought as the user does it: by showing its page.
     HWND Control(const std::string& name) const;
     HWND SplashControl(const std::string& name) const;
     std::string Text(const std::string& name) const;
@@ -50,7 +50,11 @@ public:
     void Select(const std::string& name, int entry) const;
 
 private:
+    HWND Find(const std::string& name) const;
+    void Reveal(const std::string& name) const;
+
     CProcess m_process;
+    mutable std::map<std::string, HWND> m_found;  // Looking for a control takes time.
 };
 
 const frmParlune& Form();  // The form's names and captions.

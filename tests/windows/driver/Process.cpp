@@ -107,13 +107,6 @@ std::string OutputOf(const std::string& commandLine)
     return output;
 }
 
-Holdings HoldingsOf(const CProcess& process)
-{
-    DWORD handles = 0;
-    GetProcessHandleCount(process.Handle(), &handles);
-    return {GetGuiResources(process.Handle(), GR_GDIOBJECTS), GetGuiResources(process.Handle(), GR_USEROBJECTS), handles};
-}
-
 std::string ProgramFolder()
 {
     std::vector<wchar_t> path(32768);

@@ -36,13 +36,13 @@ private:
 // What a program of the system writes, once it has ended.
 std::string OutputOf(const std::string& commandLine);
 
-// How much of the system a process holds.
-struct Holdings {
-    unsigned pens = 0;     // And brushes, fonts, bitmaps.
-    unsigned windows = 0;  // And menus, icons.
+// How much of the system a process holds. Where the system does not tell, its tables are counted.
+struct Held {
+    unsigned drawing = 0;  // Pens, brushes, fonts, bitmaps.
+    unsigned windows = 0;  // Windows, menus, icons; counted from the tables: of all processes, and roughly.
     unsigned handles = 0;  // Of the kernel.
 };
-Holdings HoldingsOf(const CProcess& process);
+Held HeldBy(HANDLE process);
 
 std::string ProgramFolder();  // Of the test program, with a backslash at its end.
 

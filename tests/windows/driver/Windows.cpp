@@ -156,6 +156,20 @@ LRESULT Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
     return static_cast<LRESULT>(answer);
 }
 
+// The control writes into its own process, so the answer is fetched from there.
+RECT PlaceOfButton(HWND toolBar, int button)
+{
+    RECT place{};
+    const HANDLE process = OpenProcess(PROCESS_VM_OPERATION | PROCESS_VM_READ, FALSE, ProcessOf(toolBar));
+    void* const there = VirtualAllocEx(process, nullptr, sizeof place, MEM_COMMIT, PAGE_READWRITE);
+    Ask(toolBar, TB_GETITEMRECT, static_cast<WPARAM>(button), reinterpret_cast<LPARAM>(there));
+    ReadProcessMemory(process, there, &place, sizeof place, nullptr);
+    VirtualFreeEx(process, there, 0, MEM_RELEASE);
+    CloseHandle(process);
+    MapWindowPoints(toolBar, nullptr, reinterpret_cast<POINT*>(&place), 2);
+    return place;
+}
+
 bool Answers(HWND window, double seconds)
 {
     DWORD_PTR answer = 0;
@@ -179,6 +193,12 @@ Picture PictureOf(const RECT& place)
     for (DWORD& pixel : picture.pixels)
         pixel &= 0xFFFFFF;
     return picture;
+}
+
+void Keep(const std::string& file, const std::string& name)
+{
+    if (const char* const folder = std::getenv("PARLUNE_KEPT"))
+        CopyFileW(ToWide(file).c_str(), ToWide(std::string(folder) + "/" + name).c_str(), FALSE);
 }
 
 void TakePicture(HWND window, const std::string& name)

@@ -21,6 +21,7 @@ RECT PlaceOf(HWND window);  // On the screen.
 
 // Asks a window of another process and waits for the answer, 10 s at most; 0 when it does not answer.
 LRESULT Ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+RECT PlaceOfButton(HWND toolBar, int button);   // On the screen; counted from 0.
 bool Answers(HWND window, double seconds = 5);  // Whether its process takes messages.
 
 // Whether the thread of the window has a menu open.
@@ -28,6 +29,8 @@ bool MenuIsOpen(HWND window);
 
 // Writes what is seen of the window, or of the whole screen, to build/logs/windows/NAME.bmp.
 void TakePicture(HWND window, const std::string& name);
+
+void Keep(const std::string& file, const std::string& name);  // Copies a file to the same folder.
 
 // The colours of a part of the screen, row by row from the top.
 struct Picture {

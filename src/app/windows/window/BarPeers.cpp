@@ -27,10 +27,8 @@ public:
     }
     LRESULT Notified(const NMHDR& header) override
     {
-        if (header.code != TCN_SELCHANGE)
-            return 0;
-        m_control.Select(Send<std::int32_t>(Native(), TCM_GETCURSEL));
-        Owner().BringUpToDate();  // The page comes with its tab.
+        if (header.code == TCN_SELCHANGE)
+            m_control.Select(Send<std::int32_t>(Native(), TCM_GETCURSEL));
         return 0;
     }
 

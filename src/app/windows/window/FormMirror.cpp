@@ -99,16 +99,8 @@ void CFormMirror::MirrorToolTip(const CPeer& peer)
         Send(m_toolTips, TTM_UPDATETIPTEXTW, 0, ToParam(&tool));
 }
 
-void CFormMirror::BringUpToDate()
-{
-    if (m_turnDue && !m_mirroring && !m_closing)
-        MirrorNow();
-}
-
 void CFormMirror::MirrorNow()
 {
-    const bool former = std::exchange(m_mirroring, true);
-    const std::unique_ptr<bool, std::function<void(bool*)>> done(&m_mirroring, [&](bool* flag) { *flag = former; });
     m_turnDue = false;
     for (const auto& peer : m_peers)
         if (peer && peer->changed && (IsEnabled(*peer) != peer->wasEnabled || IsVisible(*peer) != peer->wasVisible))

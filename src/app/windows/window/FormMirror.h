@@ -39,7 +39,6 @@ public:
     // What a dialog's keys ask of the window (WM_NEXTDLGCTL).
     void MoveFocusTo(const Message& message);
     void FocusCame(CPeer& peer) override;
-    void BringUpToDate() override;
 
     // Messages to the surface, from the mirror itself.
     static constexpr UINT TurnMessage = WM_APP + 1;
@@ -101,7 +100,6 @@ private:
     std::vector<Placed> m_pages;
     HWND m_lastFocus = nullptr;
     bool m_turnDue = false;
-    bool m_mirroring = false;
     bool m_focusDue = false;
     bool m_restoring = false;
     bool m_closing = false;

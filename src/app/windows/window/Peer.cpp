@@ -9,9 +9,6 @@ constexpr UINT_PTR FilterId = 1;
 
 void SetFlag(bool& flag, bool value) { flag = value; }
 
-// Another program waits for the answer to what it sent: an assistive one, mostly.
-bool AsksFromOutside() { return (InSendMessageEx(nullptr) & (ISMEX_SEND | ISMEX_REPLIED)) == ISMEX_SEND; }
-
 }
 
 CPeer::CPeer(IPeerOwner& owner, ui::CControl& control, const ui::layout::Row& row, HWND native)
@@ -44,8 +41,6 @@ LRESULT CALLBACK CPeer::FilterProcedure(HWND window, UINT code, WPARAM w, LPARAM
         (window == peer.m_native ? peer.m_native : peer.m_part) = nullptr;
     } else {
         RunGuarded([&] {
-            if (AsksFromOutside())  // Such a message comes before those that wait.
-                peer.m_owner.BringUpToDate();
             if (code == WM_SETFOCUS)
                 peer.m_owner.FocusCame(peer);
             answer = peer.Filter(window, {code, w, l});

@@ -15,7 +15,6 @@ class IPeerOwner {
 public:
     virtual ~IPeerOwner() = default;
     virtual void FocusCame(CPeer& peer) = 0;  // The user's or the system's doing.
-    virtual void BringUpToDate() = 0;         // Mirrors at once what waits to be.
 };
 
 // Where a native control is made and what it is dressed in.
