@@ -11,7 +11,8 @@
 // milliseconds.
 namespace {
 
-constexpr double LongestReading = 120'000, LookEvery = 200, BusyShare = 0.3;
+constexpr double LongestReading = 120'000, Rest = 700;
+constexpr char CallLog[] = "C:\\parlune-calls.txt";
 constexpr char Sentence[] = "The quick brown fox jumps over the lazy dog near the bank.\r\n";
 
 bool PutOnClipboard(std::size_t bytes)
@@ -43,24 +44,29 @@ struct Reading {
     double longestAnswer = 0, took = 0;
 };
 
-// Until the program comes to rest: from then on its processor time hardly grows.
-Reading Watch(const bench::CProgram& program, HWND window)
+// What the engine that stands in has written down so far, in bytes.
+DWORD WrittenDown()
+{
+    WIN32_FILE_ATTRIBUTE_DATA data = {};
+    GetFileAttributesExA(CallLog, GetFileExInfoStandard, &data);
+    return data.nFileSizeLow;
+}
+
+// Until nothing more is handed to the engine.
+Reading Watch(HWND window)
 {
     Reading reading;
     const double began = bench::Milliseconds();
-    double looked = began, worked = program.ProcessorMilliseconds();
-    while (bench::Milliseconds() - began < LongestReading) {
+    double changed = began;
+    DWORD written = WrittenDown();
+    for (double now = began; now - changed < Rest && now - began < LongestReading; now = bench::Milliseconds()) {
         reading.longestAnswer = std::max(reading.longestAnswer, Answer(window));
         Sleep(1);
-        const double now = bench::Milliseconds();
-        if (now - looked < LookEvery)
-            continue;
-        const double workedNow = program.ProcessorMilliseconds();
-        if (workedNow - worked < BusyShare * (now - looked))
-            break;
-        reading.took = now - began;
-        looked = now;
-        worked = workedNow;
+        if (const DWORD size = WrittenDown(); size != written) {
+            written = size;
+            changed = bench::Milliseconds();
+            reading.took = changed - began;
+        }
     }
     return reading;
 }
@@ -71,13 +77,15 @@ int main(int argc, char** argv)
 {
     if (argc != 3)
         return std::fputs("Usage: bench_WindowsLongText PROGRAM KILOBYTES\n", stderr), 1;
+    DeleteFileA(CallLog);
+    SetEnvironmentVariableA("PARLUNE_STANDIN_LOG", CallLog);
     const bench::CProgram program(argv[1]);
     const HWND window = program.Started() ? program.WaitForWindow() : nullptr;
     if (!window || !PutOnClipboard(std::strtoul(argv[2], nullptr, 10) * 1024))
         return std::fputs("The program showed no window, or the clipboard is locked.\n", stderr), 1;
     Sleep(3000);  // It greets.
     PostMessageA(window, WM_COMMAND, static_cast<WPARAM>(appwindows::CommandOf(MainWindow(), "mnuPopReadClipboard")), 0);
-    const Reading reading = Watch(program, window);
+    const Reading reading = Watch(window);
     std::printf("%.0f %.0f\n", reading.longestAnswer, reading.took);
     return 0;
 }

@@ -56,16 +56,6 @@ HWND CProgram::WaitForWindow() const
     return nullptr;
 }
 
-double CProgram::ProcessorMilliseconds() const
-{
-    FILETIME created = {}, ended = {}, system = {}, user = {};
-    GetProcessTimes(m_process.hProcess, &created, &ended, &system, &user);
-    const auto ticks = [](const FILETIME& time) {
-        return static_cast<double>(time.dwHighDateTime) * 4294967296.0 + static_cast<double>(time.dwLowDateTime);
-    };
-    return (ticks(system) + ticks(user)) / 10'000;
-}
-
 double Milliseconds()
 {
     LARGE_INTEGER count = {}, second = {};

@@ -16,7 +16,6 @@ public:
 
     // Its first window that is seen and answers; null when there is none after 30 seconds.
     HWND WaitForWindow() const;
-    double ProcessorMilliseconds() const;  // Used so far, by all its threads.
     bool Started() const { return m_process.hProcess != nullptr; }
 
 private:

@@ -5,6 +5,7 @@
 #include "common/zbErrorTrap.h"
 #include "common/zbGetFileName.h"
 #include "platform/Clipboard.h"
+#include "platform/Clock.h"
 #include "platform/EventPump.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
@@ -19,6 +20,42 @@ constexpr char Module[] = "bReadTextFile";
 void Yield() { platform::Current().events.RunPendingEvents(); }
 
 void Speak(const std::string& piece) { bParlune::CharSpeak(piece); }
+
+// 0 when the clock cannot tell: reading goes on without it.
+std::int64_t Milliseconds()
+{
+    std::int64_t now = 0;
+    zbErrorTrap::IgnoreFailure([&] { now = platform::Current().clock.SteadyMilliseconds(); });
+    return now;
+}
+
+// Hands the pieces of a text over and lets pending events run between them: where the cutting says so, and after any piece
+// when the last time is too long ago for a window that shall answer (a paragraph of ten thousand short lines).
+class CSpokenPieces {
+public:
+    void Breathe()
+    {
+        Yield();
+        m_last = Milliseconds();
+    }
+    void Speak(const std::string& piece)
+    {
+        ::Speak(piece);
+        if (Milliseconds() - m_last >= LongestSilence)
+            Breathe();
+    }
+
+private:
+    static constexpr std::int64_t LongestSilence = 20;
+    std::int64_t m_last = Milliseconds();
+};
+
+void SpeakInPieces(const std::string& text)
+{
+    CSpokenPieces pieces;
+    reading::CutIntoPieces(
+        text, [&] { pieces.Breathe(); }, [&](const std::string& piece) { pieces.Speak(piece); });
+}
 
 void PlayIfWanted(const char* animation)
 {
@@ -75,7 +112,7 @@ void bRead::ReadContents(const std::string& text)
         if (reading::IsShort(text))
             Speak(text);
         else
-            reading::CutIntoPieces(text, Yield, Speak);
+            SpeakInPieces(text);
         PlayIfWanted("ReadReturn");
     });
 }

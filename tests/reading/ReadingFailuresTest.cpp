@@ -28,11 +28,14 @@ void LoadMerlinHidden(CHeadlessDesktop& desktop)
 
 TEST(ReadingFailures, ReadContents_WhicheverCallFails_IsReportedByItsProcedure)
 {
-    FailEachCallAndExpect(
-        {{"Events.", "bReadTextFile:ReadContents"}, {"Character.Speak", "bParlune:CharSpeak"}, {"Character.Play", ""}},
-        LoadMerlin, [](CHeadlessDesktop&) {
-            bRead::ReadContents(std::string(60, 'a') + "\r\n" + std::string(60, 'b') + ".  " + std::string(60, 'c'));
-        });
+    FailEachCallAndExpect({{"Events.", "bReadTextFile:ReadContents"},
+                           {"Character.Speak", "bParlune:CharSpeak"},
+                           {"Character.Play", ""},
+                           {"Clock.", ""}},
+                          LoadMerlin, [](CHeadlessDesktop&) {
+                              bRead::ReadContents(std::string(60, 'a') + "\r\n" + std::string(60, 'b') + ".  " +
+                                                  std::string(60, 'c'));
+                          });
 }
 
 TEST(ReadingFailures, ReadClipboard_WhicheverCallFails_IsReportedByItsProcedure)

@@ -57,6 +57,14 @@ TEST_F(ReadContents, Of101CharactersWithLineBreaks_GoesThroughTheParagraphs)
     EXPECT_EQ(Yields(), 1U);
 }
 
+TEST_F(ReadContents, OfManyLinesThatTakeLong_LetsEventsRunEveryTwentyMilliseconds)
+{
+    desktop.engine.whenSpoken = [this] { desktop.clock.Advance(5); };
+    bRead::ReadContents(Times(10, "A line of a long list\r\n"));
+    EXPECT_EQ(Speaks(), 10U);
+    EXPECT_EQ(Yields(), 3U);  // Before the paragraph, after four lines, after eight.
+}
+
 TEST_F(ReadContents, CountsCharactersAndNotBytes)
 {
     bRead::ReadContents(Times(100, "\xC3\xA4"));
@@ -137,10 +145,11 @@ TEST_F(ReadContents, YieldsBeforeParagraphsLongLinesAndSentences)
     const std::string shortLine = Times(60, "a");
     const std::string longLine = Times(60, "b") + ".  " + Times(60, "c");
     bRead::ReadContents(shortLine + "\r\n" + longLine);
-    EXPECT_EQ(desktop.journal.CallsOf(""),
-              (Texts{"Events.RunPendingEvents", "Character.Speak " + shortLine + " | -", "Events.RunPendingEvents",
-                     "Events.RunPendingEvents", "Character.Speak " + Times(60, "b") + ". | -", "Events.RunPendingEvents",
-                     "Character.Speak " + Times(60, "c") + ". | -"}));
+    Texts calls = desktop.journal.CallsOf("");
+    std::erase(calls, "Clock.SteadyMilliseconds");
+    EXPECT_EQ(calls, (Texts{"Events.RunPendingEvents", "Character.Speak " + shortLine + " | -", "Events.RunPendingEvents",
+                            "Events.RunPendingEvents", "Character.Speak " + Times(60, "b") + ". | -",
+                            "Events.RunPendingEvents", "Character.Speak " + Times(60, "c") + ". | -"}));
 }
 
 TEST_F(ReadContents, OfABareLineFeed_KeepsItInItsPiece)

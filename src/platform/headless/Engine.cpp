@@ -168,6 +168,8 @@ public:
     {
         RequestRef request = m_engine.Request("Character.Speak " + Shown(text) + " | " + Shown(soundFile));
         m_engine.m_spoken.push_back(text.value_or(""));
+        if (m_engine.whenSpoken)
+            m_engine.whenSpoken();
         return request;
     }
     RequestRef MoveTo(std::int16_t x, std::int16_t y, std::optional<std::int32_t> milliseconds) override

@@ -1,6 +1,7 @@
 #pragma once
 #include "platform/CharacterEngine.h"
 #include "platform/headless/Journal.h"
+#include <functional>
 #include <map>
 #include <set>
 #include <string>
@@ -60,6 +61,7 @@ public:
 
     // Ends a request and raises RequestComplete.
     void Complete(std::size_t index, RequestStatus status = RequestStatus::Completed);
+    std::function<void()> whenSpoken;  // Runs inside of every Speak; may take its time.
     // Texts given to Speak so far.
     std::vector<std::string> Spoken() const;
     std::vector<std::string> commands;  // "name|caption|voice|enabled|visible", "-" for omitted.
