@@ -181,6 +181,7 @@ TEST_P(AboutPage, Clicked_OpensItsPage)
     hand::Click(POINT{place.left + 20, (place.top + place.bottom) / 2});
 
     EXPECT_EQ(browser::WaitForPage(), GetParam().address);
+    EXPECT_TRUE(Stays([] { return browser::Opened().size() == 1; }, 0.3));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, AboutPage,

@@ -81,7 +81,7 @@ TEST_F(TrayIcon, PopupMenu_ClickElsewhere_ClosesItAndItOpensAgain)
         hand::PointAt(POINT{300, 300});
         Post(WM_RBUTTONUP);
         ASSERT_TRUE(Eventually([&] { return MenuIsOpen(parlune.Tray()); }));
-        hand::Click(POINT{5, 5});
+        hand::Click(POINT{1000, 700});
         ASSERT_TRUE(Eventually([&] { return !MenuIsOpen(parlune.Tray()); }));
     }
 }

@@ -64,7 +64,15 @@ void Type(const std::string& text)
     Send(std::move(inputs));
 }
 
-void PointAt(POINT place) { SetCursorPos(place.x, place.y); }
+void PointAt(POINT place)
+{
+    Eventually([&] {
+        POINT now{};
+        SetCursorPos(place.x, place.y);
+        LetOthersWork();  // An earlier movement may still be on its way.
+        return GetCursorPos(&now) && now.x == place.x && now.y == place.y;
+    });
+}
 
 void PointAt(HWND window)
 {
