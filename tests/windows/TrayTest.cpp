@@ -83,6 +83,7 @@ TEST_F(TrayIcon, PopupMenu_ClickElsewhere_ClosesItAndItOpensAgain)
         ASSERT_TRUE(Eventually([&] { return MenuIsOpen(parlune.Tray()); }));
         hand::Click(POINT{1000, 700});
         ASSERT_TRUE(Eventually([&] { return !MenuIsOpen(parlune.Tray()); }));
+        Settle();
     }
 }
 
