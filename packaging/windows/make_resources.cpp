@@ -12,14 +12,14 @@
 #include <vector>
 
 // make_resources FOLDER: draws the program's icon (parlune.ico) and, for each height of a button's picture, the strip of the
-// tool bar's pictures (toolbar-16.bmp ...).
+// tool bar's pictures (toolbar-20.bmp ...).
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
 constexpr int LargestSmallIcon = 24;  // Below that a simpler drawing is easier to recognise.
 constexpr std::array IconSizes = {16, 20, 24, 32, 40, 48, 64, 256};
-constexpr std::array StripHeights = {16, 20, 24, 32};
+constexpr std::array StripHeights = {20, 25, 30, 40};
 constexpr std::array StripPictures = {"new", "open", "save", "read", "stop"};
 constexpr std::uint32_t FileHeader = 14, PictureHeader = 40;
 constexpr drawing::Rgba Ink{0, 0, 0, 1};

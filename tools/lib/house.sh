@@ -19,14 +19,14 @@ logged() {
     return 1
 }
 
-# build_preset PRESET [CMAKE OPTION...] [-- TARGET...]
+# build_preset PRESET [CMAKE OPTION...] [-- TARGET...]. `patience`, if set, is how far it steps back behind other work (0 to 19).
 build_preset() {
     local preset=$1 options=()
     shift
     while [ $# -gt 0 ] && [ "$1" != -- ]; do options+=("$1"); shift; done
     [ $# -eq 0 ] || shift
     logged "configure-$preset" cmake -S "$root" --preset "$preset" "${options[@]}" &&
-        logged "build-$preset" cmake --build "$root/build/$preset" ${1:+--target "$@"}
+        logged "build-$preset" nice -n "${patience:-0}" cmake --build "$root/build/$preset" ${1:+--target "$@"}
 }
 
 # wait_until SECONDS COMMAND...: runs the command again and again until it succeeds. Fails when the time is over.

@@ -112,15 +112,25 @@ private:
     Images m_images;
 };
 
+// Drawn only where the resources do not have them.
+void AddPictures(HIMAGELIST images, int pixels)
+{
+    const COLORREF ink = GetSysColor(COLOR_BTNTEXT);
+    if (const Gdi<HBITMAP> strip = pictures::ToolBarStrip(pixels, ink)) {
+        ImageList_Add(images, strip.get(), nullptr);
+        return;
+    }
+    for (const ui::layout::ToolButton& look : Buttons())
+        ImageList_Add(images, pictures::Draw(look.picture, {pixels, pixels}, ink).get(), nullptr);
+}
+
 void CToolBarPeer::Dress(HFONT font, int dpi)
 {
     constexpr int Picture = 20, Padding = 6;
     CPeer::Dress(font, dpi);
     const int pixels = Scaled(Picture, dpi), button = pixels + Scaled(Padding, dpi);
     Images images(ImageList_Create(pixels, pixels, ILC_COLOR32, static_cast<int>(Buttons().count), 1));
-    for (const ui::layout::ToolButton& look : Buttons())
-        ImageList_Add(images.get(), pictures::Draw(look.picture, {pixels, pixels}, GetSysColor(COLOR_BTNTEXT)).get(),
-                      nullptr);
+    AddPictures(images.get(), pixels);
     Send(Native(), TB_SETIMAGELIST, 0, ToParam(images.get()));
     m_images = std::move(images);
     Send(Native(), TB_SETBUTTONSIZE, 0, MAKELPARAM(button, button));

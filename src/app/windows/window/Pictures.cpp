@@ -73,6 +73,15 @@ Gdi<HBITMAP> Draw(std::string_view name, SIZE size, COLORREF ink)
     return std::move(bitmap.handle);
 }
 
+Gdi<HBITMAP> ToolBarStrip(int pixels, COLORREF ink)
+{
+    constexpr COLORREF InkOfResources = RGB(0, 0, 0);
+    if (ink != InkOfResources)
+        return {};
+    return Gdi<HBITMAP>(static_cast<HBITMAP>(
+        LoadImageW(ProgramInstance(), MAKEINTRESOURCEW(pixels), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+}
+
 void Lay(HDC dc, HBITMAP bitmap, const Rectangle& place)
 {
     if (!bitmap)
