@@ -120,7 +120,7 @@ void AddPictures(HIMAGELIST images, int pixels)
         ImageList_Add(images, strip.get(), nullptr);
         return;
     }
-    for (const ui::layout::ToolButton& look : Buttons())
+    for (const ui::layout::ToolButton& look : ui::layout::ToolBarButtons())
         ImageList_Add(images, pictures::Draw(look.picture, {pixels, pixels}, ink).get(), nullptr);
 }
 
