@@ -231,7 +231,8 @@ TEST_F(Start, NoCharacterFiles_TellsTheFolderAndGoesOn)
 
     EXPECT_TRUE(agent.Sees("call Character[Bot].Show"));
     // The second is there because it is the one on the desktop.
-    EXPECT_EQ(parlune.Entries("cboChar"), (std::vector<std::string>{"(Default Character)", "Merlin"}));
+    const std::vector<std::string> entries{"(Default Character)", "Merlin"};
+    EXPECT_TRUE(Eventually([&] { return parlune.Entries("cboChar") == entries; }));
 }
 
 TEST_F(Start, StoredCharacter_IsLoadedByItsFile)
