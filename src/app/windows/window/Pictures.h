@@ -9,8 +9,8 @@ namespace appwindows::pictures {
 // `ink` (0x00BBGGRR) is for the parts that follow the text's colour. Empty where there is no picture of that name.
 Gdi<HBITMAP> Draw(std::string_view name, SIZE size, COLORREF ink);
 
-// The pictures of the tool bar's buttons side by side, from the program's resources, for text in that colour. Empty where the
-// resources have none of that height or colour.
+// The pictures of the tool bar's buttons side by side, from the program's resources, for text in that colour. Empty where
+// the resources have none of that height or colour.
 Gdi<HBITMAP> ToolBarStrip(int pixels, COLORREF ink);
 
 // Lays such a bitmap over what is there.
