@@ -69,6 +69,21 @@ TEST_F(LinuxFiles, WindowsFolder_LongerThanTheLimit_IsNoWrongFolder)
     EXPECT_EQ(files.WindowsFolder(255), "");
 }
 
+TEST_F(LinuxFiles, StateFolder_StateHomeSet_IsBelowIt)
+{
+    environment.Set("XDG_STATE_HOME", "/state/");
+    EXPECT_EQ(StateFolder(), "/state/parlune");
+}
+
+TEST_F(LinuxFiles, StateFolder_StateHomeUnsetOrRelative_IsBelowHome)
+{
+    environment.Set("HOME", "/home/ann");
+    for (const auto& value : {std::optional<std::string>(), std::optional<std::string>("x")}) {
+        environment.Set("XDG_STATE_HOME", value);
+        EXPECT_EQ(StateFolder(), "/home/ann/.local/state/parlune");
+    }
+}
+
 TEST_F(LinuxFiles, SystemAndTemporaryFolders_Exist)
 {
     EXPECT_EQ(files.Kind(files.SystemFolder(255)), EntryKind::Folder);

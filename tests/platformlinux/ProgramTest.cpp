@@ -17,6 +17,7 @@ struct Program : testing::Test {
         environment.Set("HOME", home.Path());
         environment.Set("XDG_CONFIG_HOME", home.Path("config"));
         environment.Set("XDG_DATA_HOME", home.Path("data"));
+        environment.Set("XDG_STATE_HOME", home.Path("state"));
         environment.Set("XDG_RUNTIME_DIR", home.Path("runtime"));
         environment.Set("QT_QPA_PLATFORM", "offscreen");
     }

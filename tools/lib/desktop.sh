@@ -29,7 +29,8 @@ desktop_start() {
     mkdir -m 700 "$desktop/runtime" "$desktop/home"
     mkdir "$desktop/config" "$desktop/data"
     export HOME=$desktop/home XDG_RUNTIME_DIR=$desktop/runtime XDG_CONFIG_HOME=$desktop/config XDG_DATA_HOME=$desktop/data
-    export XDG_CACHE_HOME=$desktop/home/.cache PULSE_SERVER=unix:$desktop/runtime/pulse/native LANG=C.UTF-8 LC_ALL=C.UTF-8
+    export XDG_CACHE_HOME=$desktop/home/.cache XDG_STATE_HOME=$desktop/state LANG=C.UTF-8 LC_ALL=C.UTF-8
+    export PULSE_SERVER=unix:$desktop/runtime/pulse/native
     unset WAYLAND_DISPLAY DISPLAY XAUTHORITY PULSE_SINK PULSE_SOURCE PULSE_COOKIE QT_QPA_PLATFORM SESSION_MANAGER
     desktop_start_display
     desktop_server bus dbus-daemon --session --nofork --nopidfile --address="unix:path=$desktop/runtime/bus"

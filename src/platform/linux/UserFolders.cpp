@@ -44,6 +44,8 @@ std::string ConfigurationFolder() { return FolderOf("XDG_CONFIG_HOME", ".config"
 
 std::string DataFolder() { return FolderOf("XDG_DATA_HOME", ".local/share"); }
 
+std::string StateFolder() { return FolderOf("XDG_STATE_HOME", ".local/state") + "/parlune"; }
+
 std::string RuntimeFolder()
 {
     const std::string folder = Variable("XDG_RUNTIME_DIR");

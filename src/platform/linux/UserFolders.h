@@ -6,6 +6,8 @@ namespace platform::linuxdesktop {
 
 std::string ConfigurationFolder();  // $XDG_CONFIG_HOME, or .config in the home folder. No separator at the end.
 std::string DataFolder();           // $XDG_DATA_HOME, or .local/share in the home folder.
+// Parlune's own folder for what a run leaves to the next: in $XDG_STATE_HOME, or .local/state in the home folder.
+std::string StateFolder();
 // $XDG_RUNTIME_DIR when it is a folder, else "".
 std::string RuntimeFolder();
 
