@@ -73,55 +73,79 @@ bool IsTestRequest(const platform::IRequest& request)
     return State().testRequest->ID() == request.ID();
 }
 
+void Clicked(std::int16_t button, std::int16_t shift)
+{
+    if (button == LeftButton && shift == ShiftKey) {
+        bParlune::CharStop();
+        bParlune::CharPlay("RestPose");
+    } else if (button == RightButton && shift == NoKey) {
+        ui::PopUpCharacterMenu();
+    }
+}
+
+void DoubleClicked(std::int16_t button, std::int16_t shift)
+{
+    if (button != LeftButton)
+        return;
+    if (shift == NoKey && MainWindow().chkReadClipBoardOnDblClick.Ticked())
+        bRead::ReadClipboard();
+    else if (shift == ControlKey)
+        ToggleMainWindow();
+}
+
+void Understand(const platform::IUserInput& input)
+{
+    const zbErrorTrap::CGuard guard(SessionModule, "AgentControl_Command");
+    bool understood = false;
+    std::string command;
+    guard([&] { understood = Unambiguous(input); });
+    if (!understood)
+        return;
+    guard([&] { command = input.Name(); });
+    guard([&] { Obey(command); });
+}
+
+void Completed(const platform::RequestRef& request)
+{
+    statusBar::Refresh();
+    zbErrorTrap::IgnoreFailure([&] {
+        if (request && request->Status() == platform::RequestStatus::Completed && IsTestRequest(*request))
+            RestoreCharProperties();
+    });
+}
+
 class CEventReceiver final : public platform::ICharacterEngineEvents {
 public:
     void Click(const std::string&, std::int16_t button, std::int16_t shift, std::int16_t, std::int16_t) override
     {
-        if (button == LeftButton && shift == ShiftKey) {
-            bParlune::CharStop();
-            bParlune::CharPlay("RestPose");
-        } else if (button == RightButton && shift == NoKey) {
-            ui::PopUpCharacterMenu();
-        }
+        const zbErrorTrap::CEventHandler handler;
+        Clicked(button, shift);
     }
 
     void DblClick(const std::string&, std::int16_t button, std::int16_t shift, std::int16_t, std::int16_t) override
     {
-        if (button != LeftButton)
-            return;
-        if (shift == NoKey && MainWindow().chkReadClipBoardOnDblClick.Ticked())
-            bRead::ReadClipboard();
-        else if (shift == ControlKey)
-            ToggleMainWindow();
+        const zbErrorTrap::CEventHandler handler;
+        DoubleClicked(button, shift);
     }
 
     void Command(const platform::IUserInput& input) override
     {
-        const zbErrorTrap::CGuard guard(SessionModule, "AgentControl_Command");
-        bool understood = false;
-        std::string command;
-        guard([&] { understood = Unambiguous(input); });
-        if (!understood)
-            return;
-        guard([&] { command = input.Name(); });
-        guard([&] { Obey(command); });
+        const zbErrorTrap::CEventHandler handler;
+        Understand(input);
     }
 
+    void RequestComplete(const platform::RequestRef& request) override
+    {
+        const zbErrorTrap::CEventHandler handler;
+        Completed(request);
+    }
+
+    // These can report nothing.
     void Show(const std::string&, std::int16_t) override { ui::RefreshMenu(true); }
     void Hide(const std::string&, std::int16_t) override { ui::RefreshMenu(false); }
     // Deliberate: treated like a hide; nothing is loaded again.
     void DefaultCharacterChange(const std::string&) override { ui::RefreshMenu(false); }
-
     void RequestStart(const platform::RequestRef&) override { statusBar::Refresh(); }
-
-    void RequestComplete(const platform::RequestRef& request) override
-    {
-        statusBar::Refresh();
-        zbErrorTrap::IgnoreFailure([&] {
-            if (request && request->Status() == platform::RequestStatus::Completed && IsTestRequest(*request))
-                RestoreCharProperties();
-        });
-    }
 };
 
 }

@@ -49,6 +49,7 @@ public:
 // Of the copies that come while no further read may begin, the last one is read afterwards.
 void ClipboardChangedEvent()
 {
+    const zbErrorTrap::CEventHandler handler;
     State().changedAgain = true;
     if (State().reads == MostNestedReads)
         return;

@@ -8,11 +8,7 @@ struct frmSplash final : ui::CForm {
     ui::CPicture imgAbout{*this, "imgAbout"};
     ui::CLabel lblVersion{*this, "lblVersion"};
     std::function<void()> onClick;
-    void Click()
-    {
-        if (onClick)
-            onClick();
-    }
+    void Click() { Raise(onClick); }
 };
 
 frmSplash& SplashWindow();

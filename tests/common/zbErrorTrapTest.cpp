@@ -10,7 +10,9 @@ using platform::BoxAnswer;
 using platform::BoxButtons;
 using platform::BoxIcon;
 using platform::CFailure;
+using zbErrorTrap::CEventHandler;
 using zbErrorTrap::CGuard;
+using zbErrorTrap::FailureReport;
 
 const CGuard guard("bOptions", "GetOptions");
 
@@ -251,4 +253,155 @@ TEST(zbErrorTrap, IgnoreFailure_TheEndOfTheProgram_IsNotIgnored)
     CHeadlessDesktop desktop;
 
     EXPECT_THROW(zbErrorTrap::IgnoreFailure([&] { desktop.program.End(); }), platform::CProgramEnded);
+}
+
+TEST(zbErrorTrap, ErrorTrap_TheSameAgainInOneEventHandler_IsCountedAndNotShown)
+{
+    CHeadlessDesktop desktop;
+    const CEventHandler handler;
+
+    for (int paragraph = 0; paragraph < 20; ++paragraph)
+        guard(Mismatch);
+
+    EXPECT_EQ(desktop.messageBoxes.shown.size(), 1U);
+    EXPECT_EQ(zbErrorTrap::UnshownReports(), 19U);
+}
+
+TEST(zbErrorTrap, ErrorTrap_TheSameAgainInTheNextEventHandler_IsShown)
+{
+    CHeadlessDesktop desktop;
+
+    for (int event = 0; event < 2; ++event) {
+        const CEventHandler handler;
+        guard(Mismatch);
+    }
+
+    EXPECT_EQ(desktop.messageBoxes.shown.size(), 2U);
+    EXPECT_EQ(zbErrorTrap::UnshownReports(), 0U);
+}
+
+TEST(zbErrorTrap, ErrorTrap_TheSameAgainOutsideOfAnyEventHandler_IsShown)
+{
+    CHeadlessDesktop desktop;
+
+    guard(Mismatch);
+    guard(Mismatch);
+
+    EXPECT_EQ(desktop.messageBoxes.shown.size(), 2U);
+}
+
+TEST(zbErrorTrap, ErrorTrap_AnotherProcedureModuleNumberOrDescription_IsShown)
+{
+    CHeadlessDesktop desktop;
+    const CEventHandler handler;
+
+    guard([] { throw CFailure(13, "Type mismatch"); });
+    guard([] { throw CFailure(13, "Another mismatch"); });
+    guard([] { throw CFailure(14, "Another mismatch"); });
+    CGuard("bOptions", "SetOptions")([] { throw CFailure(14, "Another mismatch"); });
+    CGuard("bInit", "SetOptions")([] { throw CFailure(14, "Another mismatch"); });
+
+    EXPECT_EQ(desktop.messageBoxes.shown.size(), 5U);
+}
+
+TEST(zbErrorTrap, ErrorTrap_TheSameAfterAnotherReport_IsShown)
+{
+    CHeadlessDesktop desktop;
+    const CEventHandler handler;
+
+    guard(Mismatch);
+    guard([] { throw platform::failure::Overflow(); });
+    guard(Mismatch);
+
+    EXPECT_EQ(desktop.messageBoxes.shown.size(), 3U);
+}
+
+TEST(zbErrorTrap, ErrorTrap_TheSameInAHandlerWithinTheHandler_IsShown)
+{
+    CHeadlessDesktop desktop;
+    const CEventHandler outer;
+    guard(Mismatch);
+    {
+        const CEventHandler inner;
+        guard(Mismatch);
+    }
+    EXPECT_EQ(desktop.messageBoxes.shown.size(), 2U);
+}
+
+TEST(zbErrorTrap, ErrorTrap_TheSameAfterAHandlerWithinTheHandler_IsNotShown)
+{
+    CHeadlessDesktop desktop;
+    const CEventHandler outer;
+    guard(Mismatch);
+    {
+        const CEventHandler inner;
+        guard([] { throw platform::failure::Overflow(); });
+    }
+    guard(Mismatch);
+    EXPECT_EQ(desktop.messageBoxes.shown.size(), 2U);
+}
+
+TEST(zbErrorTrap, ErrorTrap_TheSameWhileItStandsOnTheScreen_IsCountedAndNotShown)
+{
+    CHeadlessDesktop desktop;
+    desktop.messageBoxes.whileShown = [] {
+        const CEventHandler inner;
+        guard(Mismatch);
+    };
+
+    guard(Mismatch);
+
+    EXPECT_EQ(desktop.messageBoxes.shown.size(), 1U);
+    EXPECT_EQ(zbErrorTrap::UnshownReports(), 1U);
+}
+
+TEST(zbErrorTrap, ErrorTrap_OneThatStandsBelowAnother_IsNotShownAgain)
+{
+    CHeadlessDesktop desktop;
+    desktop.messageBoxes.whileShown = [&] {
+        desktop.messageBoxes.whileShown = [] { guard(Mismatch); };
+        guard([] { throw platform::failure::Overflow(); });
+    };
+
+    guard(Mismatch);
+
+    EXPECT_EQ(desktop.messageBoxes.shown.size(), 2U);
+}
+
+TEST(zbErrorTrap, ErrorTrap_TheSameAfterAReportThatCouldNotBeShown_IsShown)
+{
+    CHeadlessDesktop desktop;
+    const CEventHandler handler;
+    desktop.journal.FailNext("MessageBoxes.Show", CFailure(7, "Out of memory"));
+
+    guard(Mismatch);
+    guard(Mismatch);
+
+    EXPECT_EQ(desktop.messageBoxes.Last().Line(1), "Section: bOptions:GetOptions");
+}
+
+TEST(zbErrorTrap, SetReportLog_IsToldOfEveryReportAndWhetherItIsSeen)
+{
+    CHeadlessDesktop desktop;
+    std::vector<std::pair<FailureReport, bool>> log;
+    zbErrorTrap::SetReportLog([&](const FailureReport& report, bool shown) { log.emplace_back(report, shown); });
+    const CEventHandler handler;
+
+    guard(Mismatch);
+    guard(Mismatch);
+
+    const FailureReport expected{"bOptions", "GetOptions", {13, "Type mismatch"}};
+    ASSERT_EQ(log.size(), 2U);
+    EXPECT_EQ(log[0], std::make_pair(expected, true));
+    EXPECT_EQ(log[1], std::make_pair(expected, false));
+}
+
+TEST(zbErrorTrap, SetReportLog_ALogThatFails_DoesNotKeepTheReportFromTheUser)
+{
+    CHeadlessDesktop desktop;
+    zbErrorTrap::SetReportLog([](const FailureReport&, bool) { throw platform::failure::DiskFull(); });
+
+    guard(Mismatch);
+
+    EXPECT_EQ(desktop.messageBoxes.Last().Line(1), "Section: bOptions:GetOptions");
 }

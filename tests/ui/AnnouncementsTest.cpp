@@ -1,5 +1,6 @@
 #include "ui/Announcements.h"
 #include "character/bParlune.h"
+#include "common/zbErrorTrap.h"
 #include "support/CharacterProgram.h"
 #include "support/FailEachCall.h"
 #include "support/LoadedCharacter.h"
@@ -473,6 +474,33 @@ TEST_F(Announcements, SayTime_TickOfANewMinuteDuringItsWait_AnnouncesThatOneToo)
     window.tmrTimer.Tick();
     EXPECT_EQ(Announced(), (Texts{"10:15", "10:16"}));
     EXPECT_EQ(Reports(), Texts{});
+}
+
+TEST_F(Announcements, Timer_OfAnIntervalThatIsNoNumber_StacksNoReports)
+{
+    Every("15 minutes");
+    At(10, 15);
+    int minutes = 0;
+    desktop.messageBoxes.whileShown = [&] {
+        if (++minutes > 30)
+            return;
+        desktop.clock.Advance(Minute);
+        window.tmrTimer.Tick();
+    };
+    window.tmrTimer.Tick();
+    EXPECT_EQ(Reports(), Texts{"Parlune:Timer"});
+    EXPECT_EQ(zbErrorTrap::UnshownReports(), 1U);
+}
+
+TEST_F(Announcements, Timer_OfAnIntervalThatIsNoNumber_IsReportedAgainInTheNextMinute)
+{
+    Every("15 minutes");
+    At(10, 15);
+    window.tmrTimer.Tick();
+    window.tmrTimer.Tick();
+    At(10, 16);
+    window.tmrTimer.Tick();
+    EXPECT_EQ(Reports(), (Texts{"Parlune:Timer", "Parlune:Timer"}));
 }
 
 TEST_F(Announcements, SayTime_WhenACallFails_IsReportedByWhoMadeIt)

@@ -1,4 +1,5 @@
 #include "ui/controls/CControl.h"
+#include "common/zbErrorTrap.h"
 #include "platform/Failure.h"
 
 namespace ui {
@@ -14,6 +15,14 @@ CControl::CControl(CForm& form, std::string name, std::string caption)
     : m_form(form), m_name(std::move(name)), m_caption(std::move(caption))
 {
     m_form.m_controls.push_back(this);
+}
+
+void CControl::Raise(const std::function<void()>& event)
+{
+    if (!event)
+        return;
+    const zbErrorTrap::CEventHandler handler;
+    event();
 }
 
 void CControl::SetFocus()
@@ -36,6 +45,8 @@ void CForm::SetCaption(std::string caption)
     Tell(m_peer.changed);
 }
 
+void CForm::Raise(const std::function<void()>& event) { CControl::Raise(event); }
+
 void CForm::Load()
 {
     if (m_loaded)
@@ -44,9 +55,16 @@ void CForm::Load()
         onCreate();
     m_loaded = true;
     m_loading = true;
-    if (onLoad)
-        onLoad();
+    Raise(onLoad);
     m_loading = false;
+}
+
+bool CForm::MayClose(UnloadMode mode) const
+{
+    if (!onQueryUnload)
+        return true;
+    const zbErrorTrap::CEventHandler handler;
+    return onQueryUnload(mode);
 }
 
 bool CForm::Unload(UnloadMode mode)
@@ -54,10 +72,9 @@ bool CForm::Unload(UnloadMode mode)
     if (!m_loaded || m_closing)
         return true;
     m_closing = true;
-    const bool mayClose = !onQueryUnload || onQueryUnload(mode);
+    const bool mayClose = MayClose(mode);
     if (mayClose) {
-        if (onUnload)
-            onUnload();
+        Raise(onUnload);
         m_visible = false;
         m_loaded = false;
         Tell(m_peer.changed);
@@ -83,8 +100,7 @@ void CForm::SetState(WindowState state)
         return;
     m_state = state;
     Tell(m_peer.changed);
-    if (onResize)
-        onResize();
+    Raise(onResize);
 }
 
 void CForm::BringToFront() { Tell(m_peer.bringToFront); }
@@ -103,8 +119,10 @@ void CForm::PostEmptyMessage() { Tell(m_peer.postEmptyMessage); }
 
 void CForm::MouseMove(int button, int shift, float x, float y)
 {
-    if (onMouseMove)
-        onMouseMove(button, shift, x, y);
+    if (!onMouseMove)
+        return;
+    const zbErrorTrap::CEventHandler handler;
+    onMouseMove(button, shift, x, y);
 }
 
 void CForm::PopUpMenu(CMenuItem& menu)

@@ -48,13 +48,10 @@ protected:
         field = std::move(value);
         Changed();
     }
-    static void Raise(const std::function<void()>& event)
-    {
-        if (event)
-            event();
-    }
+    static void Raise(const std::function<void()>& event);  // As an event handler of its own.
 
 private:
+    friend class CForm;
     CForm& m_form;
     std::string m_name;
     std::string m_caption;
@@ -126,8 +123,12 @@ public:
     };
     void SetPeer(Peer peer) { m_peer = std::move(peer); }
 
+protected:
+    static void Raise(const std::function<void()>& event);  // As an event handler of its own.
+
 private:
     friend class CControl;
+    bool MayClose(UnloadMode mode) const;
     std::string m_name;
     std::string m_caption;
     std::string m_icon;

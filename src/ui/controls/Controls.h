@@ -251,7 +251,7 @@ public:
     void Click(const std::string& key)
     {
         if (onButtonClick)
-            onButtonClick(key);
+            Raise([&] { onButtonClick(key); });
     }
 
 private:
