@@ -182,6 +182,8 @@ void bOptions::GetOptions()
     guard([&] { RepairInterval(window.cboSayTimeInterval); });
     guard([&] { LoadControl(window, MonitorClipboard); });
     guard([] { ReopenDocument(); });
+    if (!window.Loaded())  // Closed while events ran: nothing may be switched on any more.
+        return;
     LoadClipboardMonitorAgain(guard, window);
     guard([&] { LoadBrowserEntry(window); });
 }

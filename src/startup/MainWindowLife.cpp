@@ -23,16 +23,32 @@ namespace {
 
 void Yield() { platform::Current().events.RunPendingEvents(); }
 
-void LoadAndGreet()
+// Runs the steps of the load procedure: a failure is reported and the next one runs. While events run in between, the user
+// or the system may close the window; then there is nothing more to do.
+class CStartUp {
+public:
+    template <class Statement> void operator()(Statement&& statement) const
+    {
+        if (MainWindow().Loaded())
+            m_guard(std::forward<Statement>(statement));
+    }
+
+private:
+    zbErrorTrap::CGuard m_guard{"Parlune", "Parlune Startup"};
+};
+
+void LoadAndGreet(const CStartUp& step)
 {
+    bool loaded = false;
     if (MainWindow().chkStartUpHideInTray.Ticked()) {
-        ui::RefreshMenu(/*shown*/ false);
+        step([] { ui::RefreshMenu(/*shown*/ false); });
         return;
     }
-    if (!character::CharLoad(settings::Options().Character, /*show*/ true))
+    step([&] { loaded = character::CharLoad(settings::Options().Character, /*show*/ true); });
+    if (!loaded)
         return;
-    Yield();
-    character::Greet(bGlobal::RandRange(0, 4), /*check*/ true);
+    step([] { Yield(); });
+    step([] { character::Greet(bGlobal::RandRange(0, 4), /*check*/ true); });
 }
 
 void ShowOrMinimize()
@@ -55,22 +71,22 @@ void Create() { platform::Current().characterEngines.RequireForMainWindow(); }
 
 void Form_Load()
 {
-    const zbErrorTrap::CGuard guard("Parlune", "Parlune Startup");
+    const CStartUp step;
 
-    guard([] { bInit::Initialize(); });
-    guard([] { SplashWindow().Unload(); });
-    guard([] { Yield(); });
-    guard([] { MainWindow().tabMain.Select(0); });
-    guard([] { zbSysTray::AddTrayIcon(); });
-    guard([] { Yield(); });
-    guard([] { LoadAndGreet(); });
-    guard([] { ShowOrMinimize(); });
-    guard([] { Yield(); });
-    guard([] {
+    step([] { bInit::Initialize(); });
+    step([] { SplashWindow().Unload(); });
+    step([] { Yield(); });
+    step([] { MainWindow().tabMain.Select(0); });
+    step([] { zbSysTray::AddTrayIcon(); });
+    step([] { Yield(); });
+    LoadAndGreet(step);
+    step([] { ShowOrMinimize(); });
+    step([] { Yield(); });
+    step([] {
         if (MainWindow().chkMonitorClipboard.Ticked())
             bClipboard::SetClipboardMonitor(true);
     });
-    guard([] { MainWindow().tmrTimer.SetEnabled(MainWindow().chkSayTime.Ticked()); });
+    step([] { MainWindow().tmrTimer.SetEnabled(MainWindow().chkSayTime.Ticked()); });
 }
 
 void Form_Resize()

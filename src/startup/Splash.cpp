@@ -87,14 +87,43 @@ private:
     }
 };
 
-void AskAboutMissingPart(const char* message)
-{
-    if (!AnsweredOk(message)) {
-        MainWindow().Load();
-        return;
+// The start may be over while events run in its middle: the session ends, or the user has closed the main window again.
+class CStart {
+public:
+    template <class Statement> void operator()(Statement&& statement) const
+    {
+        if (!IsOver())
+            m_guard(std::forward<Statement>(statement));
     }
-    HideAndVisit(web::Home);
-    SplashWindow().Unload();
+    bool IsOver() const { return m_closedAgain || SplashWindow().SessionEnded(); }
+    void LoadMainWindow()
+    {
+        (*this)([this] {
+            MainWindow().Load();
+            m_closedAgain = !MainWindow().Loaded();
+        });
+    }
+
+private:
+    CStartUpGuard m_guard;
+    bool m_closedAgain = false;
+};
+
+void AskAboutMissingPart(CStart& step, const char* message)
+{
+    bool visit = false;
+    bool answered = false;
+    step([&] {
+        visit = AnsweredOk(message);
+        answered = true;
+    });
+    if (visit)
+        step([] {
+            HideAndVisit(web::Home);
+            SplashWindow().Unload();
+        });
+    else if (answered)
+        step.LoadMainWindow();
 }
 
 bool FindSpeechPanel()
@@ -109,44 +138,44 @@ bool FindSpeechPanel()
 
 bool FindEngine() { return bOptions::GetOption("SkipAgentDetect", "0") == "1" || IsAgentInstalled(); }
 
-void DetectAndLoad(const CStartUpGuard& guard)
+void DetectAndLoad(CStart& step)
 {
     bool speechPanelFound = false;
     bool engineFound = false;
 
-    guard([&] {
+    step([&] {
         if (bOptions::GetOption("ShowSplash", "0") == "1") {
             SplashWindow().SetVisible(true);
             Yield();
         }
     });
-    guard([&] { speechPanelFound = FindSpeechPanel(); });
-    guard([&] { engineFound = FindEngine(); });
+    step([&] { speechPanelFound = FindSpeechPanel(); });
+    step([&] { engineFound = FindEngine(); });
     if (engineFound && speechPanelFound)
-        guard([] { MainWindow().Load(); });
+        step.LoadMainWindow();
     if (!engineFound)
-        guard([] { AskAboutMissingPart(EngineMissing); });
+        AskAboutMissingPart(step, EngineMissing);
     if (!speechPanelFound)
-        guard([] { AskAboutMissingPart(SpeechMissing); });
+        AskAboutMissingPart(step, SpeechMissing);
 }
 
 }
 
 void Form_Load()
 {
-    const CStartUpGuard guard;
+    CStart step;
     bool skipDetection = false;
 
-    guard([] {
+    step([] {
         SplashWindow().lblVersion.SetCaption("Version " + std::to_string(version::Major) + "." +
                                              std::to_string(version::Minor));
     });
-    guard([] { Yield(); });
-    guard([&] { skipDetection = text::Upper(platform::Current().environment.CommandLine()) == "/NODETECT"; });
+    step([] { Yield(); });
+    step([&] { skipDetection = text::Upper(platform::Current().environment.CommandLine()) == "/NODETECT"; });
     if (skipDetection)
-        guard([] { MainWindow().Load(); });
+        step.LoadMainWindow();
     else
-        DetectAndLoad(guard);
+        DetectAndLoad(step);
 }
 
 void Form_Click() { SplashWindow().Unload(); }

@@ -54,7 +54,11 @@ void Initialize()
 
     guard([] { SetUpFolders(); });
     guard([] { bOptions::GetOptions(); });
+    if (!MainWindow().Loaded())  // The user has closed it while the document was opened.
+        return;
     guard([] { InitCharacters(); });
+    if (!MainWindow().Loaded())
+        return;
     guard([] { SetUpMenus(); });
     guard([] { SelectFirstTabs(); });
     guard([] { ShowVersion(); });

@@ -120,6 +120,28 @@ TEST_F(Splash, FormLoad_EngineDetectionSkipped_AsksNeitherRegistryNorEngine)
     EXPECT_EQ(desktop.journal.Count("Registry.Open ClassesRoot Agent.Control.2"), 0U);
 }
 
+TEST_F(Splash, FormLoad_AnyOtherValueThanOne_DoesNotSkipTheDetection)
+{
+    for (const char* value : {"0", "2", "true", "", "11"}) {
+        StartedProgram program;
+        program.PutOption("SkipAgentDetect", value);
+        program.Start();
+        EXPECT_EQ(program.desktop.journal.Count("Registry.Open ClassesRoot Agent.Control.2"), 1U) << value;
+    }
+}
+
+TEST_F(Splash, FormLoad_AnyOtherValueThanOne_ShowsNoSplash)
+{
+    for (const char* value : {"0", "2", "true", "", "11"}) {
+        StartedProgram program;
+        program.PutOption("ShowSplash", value);
+        bool seen = false;
+        program.desktop.events.onYield = [&] { seen = seen || SplashWindow().Visible(); };
+        program.Start();
+        EXPECT_FALSE(seen) << value;
+    }
+}
+
 TEST_F(Splash, FormLoad_EngineMissing_ShowsTheMessage)
 {
     RemoveEngine();
@@ -141,6 +163,41 @@ TEST_F(Splash, FormLoad_EngineMissingAnsweredOk_OpensTheWebSiteAndEnds)
     EXPECT_EQ(desktop.shell.opened[0].file, "https://parlune.example/");
     EXPECT_FALSE(MainWindow().Loaded());
     EXPECT_FALSE(SplashWindow().Loaded());
+}
+
+TEST_F(Splash, FormLoad_QuestionAnsweredOk_HidesThenYieldsThenOpensThenUnloads)
+{
+    PutOption("ShowSplash", "1");
+    RemoveEngine();
+    desktop.messageBoxes.answers = {BoxAnswer::Ok};
+    std::vector<std::string> scenes;
+    desktop.events.onYield = [&] {
+        if (!desktop.messageBoxes.shown.empty())
+            scenes.push_back(std::string(SplashWindow().Visible() ? "visible" : "hidden") +
+                             (SplashWindow().Loaded() ? ", loaded, " : ", unloaded, ") +
+                             std::to_string(desktop.shell.opened.size()) + " opened");
+    };
+    Start();
+    EXPECT_EQ(scenes, (std::vector<std::string>{"hidden, loaded, 0 opened", "hidden, loaded, 1 opened"}));
+    EXPECT_FALSE(SplashWindow().Loaded());
+}
+
+TEST_F(Splash, FormLoad_BrokenEngineAnsweredOk_HidesThenYieldsThenOpensThenEnds)
+{
+    PutOption("ShowSplash", "1");
+    desktop.engine.installed = false;
+    desktop.messageBoxes.answers = {BoxAnswer::Ok};
+    bool visible = true;
+    desktop.events.onYield = [&] { visible = SplashWindow().Visible(); };
+    EXPECT_THROW(Start(), platform::CProgramEnded);
+    const auto& calls = desktop.journal.Calls();
+    const auto box = std::find(calls.begin(), calls.end(), "MessageBoxes.Show");
+    std::vector<std::string> after(box, calls.end());
+    std::erase_if(after, [](const std::string& call) { return call.starts_with("Shell.StartProgram"); });
+    EXPECT_FALSE(visible);
+    EXPECT_EQ(after, (std::vector<std::string>{"MessageBoxes.Show", "Events.RunPendingEvents",
+                                               "Shell.Open https://parlune.example/setup", "Events.RunPendingEvents",
+                                               "Program.End"}));
 }
 
 TEST_F(Splash, FormLoad_EngineMissingAnsweredCancel_StartsAnyway)
@@ -230,6 +287,21 @@ TEST_F(Splash, FormLoad_Error339OfAnotherComponent_IsReportedAndStartUpGoesOn)
     EXPECT_FALSE(desktop.program.ended);
 }
 
+TEST_F(Splash, FormLoad_AnotherErrorOfTheEnginesComponent_IsReported)
+{
+    desktop.journal.FailNext("Engine.RequireForMainWindow", CFailure(338, "agentctl.dll"));
+    Start();
+    EXPECT_EQ(desktop.messageBoxes.Last().Line(1), "Section: frmSplash:Form_Load");
+    EXPECT_FALSE(desktop.program.ended);
+}
+
+TEST_F(Splash, FormLoad_Error339InOtherLetters_EndsThroughTheThirdMessage)
+{
+    desktop.journal.FailNext("Engine.RequireForMainWindow", CFailure(339, "Component 'AgentCtl.DLL' is missing"));
+    EXPECT_THROW(Start(), platform::CProgramEnded);
+    EXPECT_EQ(desktop.messageBoxes.Last().text, ComponentMissing);
+}
+
 TEST_F(Splash, FormLoad_CommandLineUnreadable_IsReportedAndDetectionRuns)
 {
     desktop.journal.FailNext("Environment.CommandLine", CFailure(5, "Invalid procedure call or argument"));
@@ -239,12 +311,63 @@ TEST_F(Splash, FormLoad_CommandLineUnreadable_IsReportedAndDetectionRuns)
     EXPECT_TRUE(MainWindow().Loaded());
 }
 
-TEST_F(Splash, FormClick_WhileShown_UnloadsTheSplash)
+TEST_F(Splash, FormLoad_ExitBetweenTheTwoQuestions_AsksNoMore)
+{
+    RemoveEngine();
+    desktop.speechEngines.installed = false;
+    desktop.messageBoxes.answers = {BoxAnswer::Cancel, BoxAnswer::Cancel};
+    MainWindow().onLoad = [] { MainWindow().Unload(); };
+    Start();
+    EXPECT_EQ(desktop.messageBoxes.shown.size(), 1U);
+    EXPECT_FALSE(MainWindow().Loaded());
+}
+
+TEST_F(Splash, FormLoad_MainWindowThatDoesNotLoad_IsNoExit)
+{
+    RemoveEngine();
+    desktop.speechEngines.installed = false;
+    desktop.messageBoxes.answers = {BoxAnswer::Cancel, BoxAnswer::Ok, BoxAnswer::Ok};
+    desktop.journal.FailNext("Engine.RequireForMainWindow", CFailure(5, "Invalid procedure call or argument"));
+    Start();
+    ASSERT_EQ(desktop.messageBoxes.shown.size(), 3U);
+    EXPECT_EQ(desktop.messageBoxes.shown[1].Line(1), "Section: frmSplash:Form_Load");
+    EXPECT_EQ(desktop.messageBoxes.shown[2].text, SpeechMissing);
+}
+
+TEST_F(Splash, FormLoad_EndOfTheSessionDuringAQuestion_LoadsNothing)
+{
+    RemoveEngine();
+    desktop.speechEngines.installed = false;
+    desktop.messageBoxes.answers = {BoxAnswer::Cancel, BoxAnswer::Cancel};
+    desktop.messageBoxes.whileShown = [] { SplashWindow().Unload(ui::UnloadMode::Session); };
+    Start();
+    EXPECT_EQ(desktop.messageBoxes.shown.size(), 1U);
+    EXPECT_EQ(desktop.journal.Count("Engine.RequireForMainWindow"), 0U);
+}
+
+TEST_F(Splash, FormLoad_EndOfTheSessionAfterAClickOnTheSplash_LoadsNothing)
+{
+    desktop.events.AtYield(1, [] {
+        SplashWindow().Click();
+        SplashWindow().Unload(ui::UnloadMode::Session);
+    });
+    Start();
+    EXPECT_EQ(desktop.journal.Count("Engine.RequireForMainWindow"), 0U);
+}
+
+TEST_F(Splash, FormClick_WhileShown_UnloadsTheSplashAtOnce)
 {
     PutOption("ShowSplash", "1");
-    desktop.events.AtYield(2, [] { SplashWindow().Click(); });
+    bool shown = false;
+    bool gone = false;
+    desktop.events.AtYield(2, [&] {
+        shown = SplashWindow().Visible();
+        SplashWindow().Click();
+        gone = !SplashWindow().Loaded() && !SplashWindow().Visible();
+    });
     Start();
-    EXPECT_FALSE(SplashWindow().Loaded());
+    EXPECT_TRUE(shown);
+    EXPECT_TRUE(gone);
     EXPECT_TRUE(MainWindow().Loaded());
 }
 

@@ -49,8 +49,9 @@ void CForm::Raise(const std::function<void()>& event) { CControl::Raise(event); 
 
 void CForm::Load()
 {
-    if (m_loaded)
+    if (m_loaded || m_loading)
         return;
+    m_sessionEnded = false;
     if (onCreate)
         onCreate();
     m_loaded = true;
@@ -69,6 +70,7 @@ bool CForm::MayClose(UnloadMode mode) const
 
 bool CForm::Unload(UnloadMode mode)
 {
+    m_sessionEnded = m_sessionEnded || mode == UnloadMode::Session;
     if (!m_loaded || m_closing)
         return true;
     m_closing = true;
@@ -88,7 +90,7 @@ void CForm::SetVisible(bool visible)
 {
     if (visible)
         Load();
-    if (m_visible == visible)
+    if (m_visible == visible || (visible && !m_loaded))
         return;
     m_visible = visible;
     Tell(m_peer.changed);

@@ -67,7 +67,7 @@ enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
 enum class UnloadMode { ControlMenu = 0, Code = 1, Session = 2 };
 
 // A window. It is not there before Load, which runs its load procedure once; Unload asks QueryUnload, runs Unload and
-// leaves it unloaded.
+// leaves it unloaded. A window that is unloaded while its load procedure runs stays unloaded until that has ended.
 class CForm {
 public:
     explicit CForm(std::string name, std::string caption);
@@ -80,8 +80,10 @@ public:
     void SetCaption(std::string caption);
 
     bool Loaded() const { return m_loaded; }
-    bool Loading() const { return m_loading; }  // While the load procedure runs; Loaded is true then, too.
-    void Load();                                // Does nothing when it is already loaded.
+    bool Loading() const { return m_loading; }  // While the load procedure runs; Loaded is true then, too, until Unload.
+    void Load();                                // Does nothing when it is already loaded, or just loading.
+    // Whether the end of the session has asked the window to close since Load began, even if it had gone by then.
+    bool SessionEnded() const { return m_sessionEnded; }
     // Returns false when the form refused to close.
     bool Unload(UnloadMode mode = UnloadMode::Code);
 
@@ -135,6 +137,7 @@ private:
     bool m_loaded = false;
     bool m_loading = false;
     bool m_closing = false;
+    bool m_sessionEnded = false;
     bool m_visible = false;
     WindowState m_state = WindowState::Normal;
     CControl* m_focused = nullptr;
