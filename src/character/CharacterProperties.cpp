@@ -4,6 +4,7 @@
 #include "common/ProgramState.h"
 #include "common/Text.h"
 #include "common/zbErrorTrap.h"
+#include "ui/BalloonTab.h"
 
 namespace character {
 namespace {
@@ -49,6 +50,7 @@ void RestoreCharProperties()
     guard([&] { Current().Balloon()->SetFontSize(text::ToInt32(kept.balloonFontSize)); });
     guard([&] { Current().Balloon()->SetStyle(kept.balloonStyle); });
     guard([&] { Current().SetTTSModeID(kept.ttsModeID); });
+    guard(balloonTab::Refresh);
 }
 
 }

@@ -10,6 +10,7 @@
 #include "platform/Platform.h"
 #include "settings/OptionsRecord.h"
 #include "settings/bOptions.h"
+#include "ui/BalloonTab.h"
 #include "ui/StatusBar.h"
 #include "ui/frmParlune.h"
 #include <array>
@@ -175,6 +176,7 @@ bool CharLoad(const std::string& requestedID, bool show)
     State().currentID = id;
     settings::Options().Character = id;
     State().loaded = true;
+    Guard()(balloonTab::Refresh);
     statusBar::Refresh();
     return true;
 }

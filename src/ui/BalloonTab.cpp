@@ -14,6 +14,7 @@ using character::Current;
 using zbErrorTrap::CGuard;
 
 constexpr char Module[] = "Parlune";
+constexpr std::int32_t Page = 3;  // Of the main window's tab strip.
 enum Button { SetFont, ResetToDefault };
 
 void ShowFlags(std::uint32_t style)
@@ -36,22 +37,18 @@ void ShowFont(const std::string& name, std::int32_t size)
     character::cboFontSize_Click();
 }
 
-// A balloon without a stored style shows no lines yet, and "Set Font" would not know how many.
-void ShowWhatIsMissing(std::uint32_t style)
-{
-    if (MainWindow().txtCharsPerLine.Text().empty() && MainWindow().txtNumberOfLines.Text().empty())
-        ShowLines(style);
-    if (MainWindow().cboFontName.Text().empty() && MainWindow().cboFontSize.Text().empty())
-        ShowFont(Current().Balloon()->FontName(), Current().Balloon()->FontSize());
-}
-
-void StoreLook(const CGuard& guard, const std::string& name, const std::string& size, const std::string& style)
+void StoreFont(const CGuard& guard, const std::string& name, const std::string& size)
 {
     guard([&] { bOptions::SetCharOption("FontName", name); });
     guard([&] { bOptions::SetCharOption("FontSize", size); });
+}
+
+void StoreStyle(const CGuard& guard, const std::string& style)
+{
     guard([&] { bOptions::SetCharOption("BalloonStyle", style); });
 }
 
+// Without a style, which is reported by then, giving it to the balloon fails; the stored one stays.
 void SetShownLook(const CGuard& guard)
 {
     const std::string name = MainWindow().cboFontName.Text();
@@ -60,9 +57,10 @@ void SetShownLook(const CGuard& guard)
 
     guard([&] { Current().Balloon()->SetFontName(name); });
     guard([&] { Current().Balloon()->SetFontSize(text::ToInt32(size)); });
+    guard([&] { Current().Balloon()->SetStyle(text::ToInt32(style)); });
+    StoreFont(guard, name, size);
     if (!style.empty())
-        guard([&] { Current().Balloon()->SetStyle(text::ToInt32(style)); });
-    StoreLook(guard, name, size, style);
+        StoreStyle(guard, style);
 }
 
 void ResetLook(const CGuard& guard)
@@ -70,7 +68,8 @@ void ResetLook(const CGuard& guard)
     const character::CharacterDefaults& defaults = character::State().defaults;
 
     guard([&] { ShowFont(defaults.fontName, defaults.fontSize); });
-    StoreLook(guard, "", "", "");
+    StoreFont(guard, "", "");
+    StoreStyle(guard, "");
     guard([&] { Current().Balloon()->SetFontName(defaults.fontName); });
     guard([&] { Current().Balloon()->SetFontSize(defaults.fontSize); });
     guard([&] { Current().Balloon()->SetStyle(defaults.balloonStyle); });
@@ -85,8 +84,17 @@ void ShowBalloon()
     if (!character::State().loaded)
         return;
     const auto style = static_cast<std::uint32_t>(Current().Balloon()->Style());
+    const std::string fontName = Current().Balloon()->FontName();
+    const std::int32_t fontSize = Current().Balloon()->FontSize();
     ShowFlags(style);
-    ShowWhatIsMissing(style);
+    ShowLines(style);
+    ShowFont(fontName, fontSize);
+}
+
+void Refresh()
+{
+    if (MainWindow().tabMain.Selected() == Page)
+        ShowBalloon();
 }
 
 void cmdSetFont_Click(std::int32_t index)

@@ -1,4 +1,5 @@
 #include "ui/BalloonTab.h"
+#include "character/CharacterProperties.h"
 #include "support/FailEachCall.h"
 #include "support/WiredTabs.h"
 
@@ -21,6 +22,25 @@ protected:
         LoadMerlin();
         Visit(Balloon);
         desktop.journal.Clear();
+    }
+    // Another character, with another balloon.
+    void LoadGenie()
+    {
+        desktop.engine.character.balloonStyle = 0x0A280009;
+        desktop.engine.character.fontName = "Courier New";
+        desktop.engine.character.fontSize = 16;
+        character::CharLoad("Genie", /*show*/ true);
+    }
+    // The whole page in one line: boxes 0 to 3, font, characters and lines, the preview's font.
+    std::string Shown() const
+    {
+        std::string page;
+        for (const ui::CCheckBox& box : window.chkBalloon)
+            page += std::to_string(box.Value());
+        const ui::TextStyle& preview = window.lblFontDisplay.Style();
+        return page + " " + window.cboFontName.Text() + " " + window.cboFontSize.Text() + ", " +
+               window.txtCharsPerLine.Text() + " x " + window.txtNumberOfLines.Text() + ", preview " + preview.fontName +
+               " " + std::to_string(static_cast<int>(preview.fontSize));
     }
     // Shown and auto-paced, 40 characters in each of 10 lines.
     void Choose(const std::string& font, const std::string& size)
@@ -55,16 +75,74 @@ TEST_F(BalloonTab, ShowBalloon_TheFirstTime_ShowsFontAndLinesOfTheBalloon)
     EXPECT_EQ(window.lblFontDisplay.Style().fontSize, 10.0F);
 }
 
-TEST_F(BalloonTab, ShowBalloon_Later_KeepsWhatTheUserChose)
+TEST_F(BalloonTab, ShowBalloon_AtEachVisit_ShowsTheBalloonAsItIs)
 {
     ShowTab();
     Choose("Tahoma", "12");
     Visit(General);
     Visit(Balloon);
-    EXPECT_EQ(window.cboFontName.Text(), "Tahoma");
-    EXPECT_EQ(window.cboFontSize.Text(), "12");
-    EXPECT_EQ(window.txtCharsPerLine.Text(), "40");
-    EXPECT_EQ(window.txtNumberOfLines.Text(), "10");
+    EXPECT_EQ(Shown(), "1110 Arial 10, 32 x 2, preview Arial 10");
+}
+
+TEST_F(BalloonTab, ShowBalloon_AfterAChangeOfCharacter_ShowsTheNewOne)
+{
+    ShowTab();
+    Visit(Character);
+    LoadGenie();
+    Visit(Balloon);
+    EXPECT_EQ(Shown(), "1001 Courier New 16, 40 x 10, preview Courier New 16");
+}
+
+TEST_F(BalloonTab, ShowBalloon_WhenTheCharacterChangesWhileItIsOpen_ShowsTheNewOne)
+{
+    ShowTab();
+    LoadGenie();
+    EXPECT_EQ(Shown(), "1001 Courier New 16, 40 x 10, preview Courier New 16");
+}
+
+TEST_F(BalloonTab, ShowBalloon_WhenAVoiceTestEndsWhileItIsOpen_ShowsTheBalloonThatCameBack)
+{
+    LoadMerlin();
+    character::SaveCharProperties();
+    Loaded().fontName = "Tahoma";
+    Visit(Balloon);
+    character::RestoreCharProperties();
+    EXPECT_EQ(window.cboFontName.Text(), "Arial");
+}
+
+TEST_F(BalloonTab, ShowBalloon_OnAnotherTab_IsLeftForTheNextVisit)
+{
+    ShowTab();
+    Visit(General);
+    desktop.journal.Clear();
+    LoadGenie();
+    EXPECT_EQ(window.cboFontName.Text(), "Arial");
+}
+
+TEST_F(BalloonTab, ShowBalloon_WhenThePartsOfTheBalloonCannotBeHad_ShowsNoMixture)
+{
+    for (const char* call : {"Balloon.Style", "Balloon.FontName", "Balloon.FontSize"}) {
+        ShowTab();
+        LoadGenie();
+        const std::string before = Shown();
+        Loaded().balloonStyle = 0x02200007;
+        Loaded().fontName = "Tahoma";
+        Loaded().fontSize = 8;
+        desktop.journal.FailNext(call, failure);
+        Visit(Balloon);
+        EXPECT_EQ(Shown(), before) << call;
+        EXPECT_EQ(Reports().back(), "Parlune:tabMain_Click");
+    }
+}
+
+TEST_F(BalloonTab, cmdSetFont_Click_AfterAChangeOfCharacter_StoresNoMixture)
+{
+    ShowTab();
+    LoadGenie();
+    Press(SetFont);
+    EXPECT_EQ(desktop.profile.Value(SettingsFile, "Genie", "FontName"), "Courier New");
+    EXPECT_EQ(desktop.profile.Value(SettingsFile, "Genie", "FontSize"), "16");
+    EXPECT_EQ(desktop.profile.Value(SettingsFile, "Genie", "BalloonStyle"), "&H0A280009");
 }
 
 TEST_F(BalloonTab, cmdSetFont_Click_Set_DressesTheBalloon)
@@ -128,16 +206,30 @@ TEST_F(BalloonTab, cmdSetFont_Click_SetOfTooManyCharacters_SpillsIntoTheLines)
     EXPECT_EQ(Stored("BalloonStyle"), "&H0B000009");
 }
 
-TEST_F(BalloonTab, cmdSetFont_Click_SetOfTooManyLines_IsReportedAndKeepsTheStyle)
+TEST_F(BalloonTab, cmdSetFont_Click_SetOfTooManyLines_IsReportedTwiceAndKeepsTheStyle)
 {
     ShowTab();
     Choose("Tahoma", "12");
     Press(SetFont);
     window.txtNumberOfLines.SetText("128");
     Press(SetFont);
-    EXPECT_EQ(Reports(), Texts{"bParlune:GetBalloonStyle"});
+    EXPECT_EQ(Reports(), (Texts{"bParlune:GetBalloonStyle", "Parlune:cmdSetFont_Click"}));
+    EXPECT_EQ(desktop.messageBoxes.shown[0].Line(3), "Error Code: 6");
+    EXPECT_EQ(desktop.messageBoxes.shown[1].Line(3), "Error Code: 13");
     EXPECT_EQ(Loaded().balloonStyle, 0x0A280009);
+    EXPECT_EQ(Stored("BalloonStyle"), "&H0A280009");
+}
+
+TEST_F(BalloonTab, cmdSetFont_Click_SetOfTooManyLines_StoresTheFontAllTheSame)
+{
+    ShowTab();
+    Choose("Tahoma", "12");
+    window.txtNumberOfLines.SetText("128");
+    Press(SetFont);
     EXPECT_EQ(Loaded().fontName, "Tahoma");
+    EXPECT_EQ(Stored("FontName"), "Tahoma");
+    EXPECT_EQ(Stored("FontSize"), "12");
+    EXPECT_EQ(Stored("BalloonStyle"), std::nullopt);
 }
 
 TEST_F(BalloonTab, cmdSetFont_Click_SetOfNoFontSize_IsReportedAndTheStyleFollows)
