@@ -5,6 +5,7 @@
 #include "common/zbErrorTrap.h"
 #include "reading/bRead.h"
 #include "settings/OptionsRecord.h"
+#include "settings/bOptions.h"
 #include "ui/Menus.h"
 #include "ui/frmParlune.h"
 
@@ -17,12 +18,14 @@ constexpr char Module[] = "Parlune";
 constexpr char HideCaption[] = "&Hide";
 constexpr char ShowCaption[] = "&Show";
 
-// The box's click procedure applies the option.
-void Toggle(const char* section, ui::CMenuItem& item, ui::CCheckBox& box)
+// The box's click procedure applies the option. After a reset nothing is stored any more in this run.
+void Toggle(const char* section, ui::CMenuItem& item, ui::CCheckBox& box, const char* option)
 {
     const zbErrorTrap::CGuard guard(Module, section);
     guard([&] { item.SetChecked(!item.Checked()); });
     guard([&] { box.SetValue(item.Checked() ? 1 : 0); });
+    if (!settings::Options().Reset)
+        guard([&] { bOptions::SetOption(option, box.Value()); });
     guard([] { ui::ReevaluateTimer(); });
 }
 
@@ -83,11 +86,15 @@ void popupMenu::mnuPopReadExcelSelection_Click()
     IgnoreFailure([] { bRead::ReadContents(bRead::ReadExcelSelection()); });
 }
 
-void popupMenu::mnuPopSayTime_Click() { Toggle("mnuPopSayTime_Click", MainWindow().mnuPopSayTime, MainWindow().chkSayTime); }
+void popupMenu::mnuPopSayTime_Click()
+{
+    Toggle("mnuPopSayTime_Click", MainWindow().mnuPopSayTime, MainWindow().chkSayTime, "SayTime");
+}
 
 void popupMenu::mnuPopAutoReadClipboard_Click()
 {
-    Toggle("mnuPopAutoReadClipboard_Click", MainWindow().mnuPopAutoReadClipboard, MainWindow().chkMonitorClipboard);
+    Toggle("mnuPopAutoReadClipboard_Click", MainWindow().mnuPopAutoReadClipboard, MainWindow().chkMonitorClipboard,
+           "MonitorClipboard");
 }
 
 void popupMenu::mnuPopHide_Click()
@@ -101,7 +108,8 @@ void popupMenu::mnuPopHide_Click()
 
 void popupMenu::mnuPopCharSkip_Click()
 {
-    IgnoreFailure([] { character::Current().Stop(State().skipTarget); });
+    if (State().skipTarget)
+        IgnoreFailure([] { character::Current().Stop(State().skipTarget); });
 }
 
 // Deliberate: whatever the caption says, it stops; nothing resumes and the caption stays.

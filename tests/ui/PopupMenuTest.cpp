@@ -1,5 +1,6 @@
 #include "ui/PopupMenu.h"
 #include "character/bParlune.h"
+#include "common/zbErrorTrap.h"
 #include "support/CharacterProgram.h"
 #include "support/FailEachCall.h"
 #include "support/LoadedCharacter.h"
@@ -11,6 +12,10 @@ using Texts = std::vector<std::string>;
 class PopupMenu : public CharacterProgram {
 protected:
     Texts EngineCalls() const { return desktop.journal.CallsOf("Character"); }
+    std::optional<std::string> StoredOption(const std::string& name) const
+    {
+        return desktop.registry.Text(platform::Root::CurrentUser, "Software\\Tarrowind\\Parlune", name);
+    }
 };
 
 // Reading.
@@ -88,6 +93,19 @@ TEST_F(PopupMenu, ReadExcelSelection_OfAnEmptyCell_StillPlaysTheReading)
     desktop.office.excel = {true, {{""}}};
     mnuPopReadExcelSelection_Click();
     EXPECT_EQ(EngineCalls(), (Texts{"Character.Play Read", "Character.Play ReadReturn"}));
+}
+
+TEST_F(PopupMenu, ReadTextFile_OfTwentyParagraphsWithoutACharacter_IsReportedOnce)
+{
+    std::string text;
+    for (int paragraph = 0; paragraph < 20; ++paragraph)
+        text += "A line that is long enough to be read on its own.\r\n\r\n";
+    desktop.files.PutFile("C:\\Texts\\a.txt", text);
+    desktop.fileDialogs.answers = {"C:\\Texts\\a.txt"};
+    window.mnuPopReadTextFile.onClick = mnuPopReadTextFile_Click;
+    window.mnuPopReadTextFile.Click();
+    EXPECT_EQ(Reports(), Texts{"bParlune:CharSpeak"});
+    EXPECT_EQ(zbErrorTrap::UnshownReports(), 19U);
 }
 
 TEST_F(PopupMenu, ReadOther_WithoutACharacter_IsReportedByTheSpeechOnly)
@@ -174,6 +192,37 @@ TEST_F(PopupMenu, AutoReadClipboard_ReevaluatesTheTimerToo)
 {
     window.chkSayTime.SetValue(1);
     mnuPopAutoReadClipboard_Click();
+    EXPECT_TRUE(window.tmrTimer.Enabled());
+}
+
+TEST_F(PopupMenu, CheckMarks_StoreTheirOptionAtOnce)
+{
+    window.chkSayTime.SetValue(0);
+    mnuPopSayTime_Click();
+    mnuPopAutoReadClipboard_Click();
+    EXPECT_EQ(StoredOption("SayTime"), "1");
+    EXPECT_EQ(StoredOption("MonitorClipboard"), "1");
+    mnuPopSayTime_Click();
+    mnuPopAutoReadClipboard_Click();
+    EXPECT_EQ(StoredOption("SayTime"), "0");
+    EXPECT_EQ(StoredOption("MonitorClipboard"), "0");
+}
+
+TEST_F(PopupMenu, CheckMarks_AfterAReset_StoreNothing)
+{
+    settings::Options().Reset = true;
+    mnuPopSayTime_Click();
+    mnuPopAutoReadClipboard_Click();
+    EXPECT_EQ(StoredOption("SayTime"), std::nullopt);
+    EXPECT_EQ(StoredOption("MonitorClipboard"), std::nullopt);
+}
+
+TEST_F(PopupMenu, CheckMarks_WhenStoringFails_AreReportedAndTheTimerIsReevaluated)
+{
+    window.chkSayTime.SetValue(0);
+    desktop.journal.FailNext("Registry.Create", failure);
+    mnuPopSayTime_Click();
+    EXPECT_EQ(Reports(), Texts{"bRegistry:SetReg"});
     EXPECT_TRUE(window.tmrTimer.Enabled());
 }
 
@@ -318,8 +367,17 @@ TEST_F(PopupMenu, Skip_EndsTheSkipTargetOnly)
     EXPECT_EQ(EngineCalls(), Texts{"Character.Stop " + target});
 }
 
+TEST_F(PopupMenu, Skip_BeforeAnythingWasSpoken_DoesNothing)
+{
+    LoadMerlin();
+    mnuPopCharSkip_Click();
+    EXPECT_EQ(EngineCalls(), Texts{});
+    EXPECT_EQ(Reports(), Texts{});
+}
+
 TEST_F(PopupMenu, Skip_WithoutACharacter_IsSilent)
 {
+    State().skipTarget = std::make_shared<platform::headless::CRequest>(1, "Character.Speak");
     mnuPopCharSkip_Click();
     EXPECT_EQ(Reports(), Texts{});
 }
@@ -327,9 +385,11 @@ TEST_F(PopupMenu, Skip_WithoutACharacter_IsSilent)
 TEST_F(PopupMenu, Skip_WhenTheEngineRefuses_IsSilent)
 {
     LoadMerlin();
+    bParlune::CharSpeak("One");
     desktop.journal.FailNext("Character.Stop", failure);
     mnuPopCharSkip_Click();
     EXPECT_EQ(Reports(), Texts{});
+    EXPECT_EQ(desktop.journal.Count("Character.Stop"), 1U);
 }
 
 TEST_F(PopupMenu, Pause_StopsEverythingAndKeepsItsCaption)
