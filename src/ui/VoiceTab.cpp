@@ -62,7 +62,6 @@ void ResetVoice(const CGuard& guard)
 
 void PressTest(const CGuard& guard)
 {
-    guard(FillEmptyTestText);
     if (ModifiersShown())
         TestModifiers(guard);
     else
@@ -98,6 +97,8 @@ void tabTTS_Click()
 void cmdTTSVoice_Click(std::int32_t index)
 {
     const CGuard guard(Module, "cmdTestVoice_Click");
+    if (index == Test)
+        guard(FillEmptyTestText);
     if (!character::State().current) {  // The steps would fail one by one, and keep a look that is none.
         guard(Current);
         return;

@@ -73,6 +73,41 @@ TEST_F(VoiceTab, cmdTTSVoice_Click_Test_SavesTheLookChangesTheVoiceAndSpeaks)
     EXPECT_EQ(calls.back(), "Character.Speak One two | -");
 }
 
+TEST_F(VoiceTab, cmdTTSVoice_Click_Test_TakesItsStepsInTheirOrder)
+{
+    Press(TestButton);
+    EXPECT_EQ(desktop.journal.Calls(),
+              (Texts{"Character.Width", "Character.Height", "Character.Balloon", "Balloon.FontName", "Character.Balloon",
+                     "Balloon.FontSize", "Character.Balloon", "Balloon.Style", "Character.TTSModeID",
+                     "Character.SetTTSModeID {BB}", "Character.Speak One two | -"}));
+}
+
+TEST_F(VoiceTab, cmdTTSVoice_Click_Set_TakesItsStepsInTheirOrder)
+{
+    Press(SetButton);
+    EXPECT_EQ(desktop.journal.Calls(),
+              (Texts{"Character.Name", "Profile.Write C:\\Data\\Parlune.ini [Merlin] TTSModeID={BB}",
+                     "Character.SetTTSModeID {BB}", "Character.Speak Voice Changed. | -"}));
+}
+
+TEST_F(VoiceTab, cmdTTSVoice_Click_Reset_TakesItsStepsInTheirOrder)
+{
+    Press(ResetButton);
+    EXPECT_EQ(
+        desktop.journal.Calls(),
+        (Texts{"Character.Name", "Profile.Write C:\\Data\\Parlune.ini [Merlin] TTSModeID=*", "Character.SetTTSModeID {AA}",
+               "Character.TTSModeID", "Events.RunPendingEvents", "Character.Speak Voice Options are now Reset. | -"}));
+}
+
+TEST_F(VoiceTab, cmdTTSVoice_Click_ResetOfModifiers_TakesItsStepsInTheirOrder)
+{
+    UseModifiers();
+    Press(ResetButton);
+    EXPECT_EQ(desktop.journal.Calls(), (Texts{"Character.Pitch", "Character.Speed", "Character.TTSModeID", "Character.Name",
+                                              "Profile.Write C:\\Data\\Parlune.ini [Merlin] {AA}=*",
+                                              "Character.Speak Voice Options are now Reset. | -"}));
+}
+
 TEST_F(VoiceTab, cmdTTSVoice_Click_Test_KeepsTheRequestAsTestOnly)
 {
     Press(TestButton);
@@ -308,6 +343,22 @@ TEST_F(VoiceTabAlone, cmdTTSVoice_Click_WithoutACharacter_IsOneReportForEachButt
         button.Click();
     EXPECT_EQ(Reports(), (Texts{"Parlune:cmdTestVoice_Click", "Parlune:cmdTestVoice_Click", "Parlune:cmdTestVoice_Click"}));
     EXPECT_EQ(desktop.messageBoxes.Last().Line(3), "Error Code: 91");
+}
+
+TEST_F(VoiceTabAlone, cmdTTSVoice_Click_TestOfABlankTextWithoutACharacter_FillsInTheWelcome)
+{
+    window.txtTestText.SetText("  ");
+    window.cmdTTSVoice[TestButton].Click();
+    EXPECT_EQ(window.txtTestText.Text(), "Welcome to Parlune from Tarrowind Technologies!");
+    EXPECT_EQ(Reports(), Texts{"Parlune:cmdTestVoice_Click"});
+}
+
+TEST_F(VoiceTabAlone, cmdTTSVoice_Click_OtherButtonsWithABlankText_LeaveItBlank)
+{
+    window.txtTestText.SetText("  ");
+    window.cmdTTSVoice[ResetButton].Click();
+    window.cmdTTSVoice[SetButton].Click();
+    EXPECT_EQ(window.txtTestText.Text(), "  ");
 }
 
 TEST_F(VoiceTabAlone, cmdTTSVoice_Click_WithoutACharacter_DoesNotSpoilTheLookThatATestReturnsTo)
