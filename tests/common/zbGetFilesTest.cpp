@@ -15,7 +15,7 @@ struct Listing {
 
 void PutThree(CHeadlessDesktop& desktop)
 {
-    for (const char* name : {"robby.acs", "Genie.acs", "merlin.ACS", "readme.txt"})
+    for (const char* name : {"Robby.acs", "Genie.acs", "merlin.ACS", "readme.txt"})
         desktop.files.PutFile(std::string("C:\\Chars\\") + name);
 }
 
@@ -29,7 +29,7 @@ TEST(zbGetFiles, GetFiles_SeveralMatches_AreSortedWithoutCase)
 
     listing.Fill("C:\\Chars\\*.acs");
 
-    EXPECT_EQ(listing.names, (Names{"Genie.acs", "merlin.ACS", "robby.acs"}));
+    EXPECT_EQ(listing.names, (Names{"Genie.acs", "merlin.ACS", "Robby.acs"}));
     EXPECT_EQ(listing.count, 3);
 }
 

@@ -213,7 +213,7 @@ TEST_F(bClipboardTest, ClipboardChanged_AFloodOfLongTexts_NestsFewReadsAndEndsWi
 
 namespace {
 
-// A clipboard that calls the program back while it is asked to watch or to stop.
+// A clipboard that calls the program back while it is asked to watch or to stop: what it asks for is not there yet.
 class CCallingClipboard final : public platform::IClipboard {
 public:
     bool HasText() const override { return false; }
@@ -222,13 +222,13 @@ public:
     bool CanWatch() const override { return true; }
     void Watch(std::function<void()>) override
     {
-        ++watches;
-        SetClipboardMonitor(false);
+        if (++watches < 3)
+            SetClipboardMonitor(true);
     }
     void StopWatching() override
     {
-        ++stops;
-        SetClipboardMonitor(true);
+        if (++stops < 3)
+            SetClipboardMonitor(false);
     }
     int watches = 0;
     int stops = 0;

@@ -98,10 +98,27 @@ TEST_F(Initialize, Always_KeepsTheTextsOfTheListsItFills)
     EXPECT_EQ(MainWindow().cboSayTimeFormat.Text(), "h:mm AM/PM");
 }
 
-TEST_F(Initialize, Always_ListsTheCharactersAfterTheOptions)
+TEST_F(Initialize, Always_ListsTheCharacters)
 {
     bInit::Initialize();
     EXPECT_EQ(Entries(MainWindow().cboChar), (std::vector<std::string>{"(Default Character)", "Merlin"}));
+}
+
+// The order shows in what is there when a step asks its first question of the system.
+TEST_F(Initialize, Always_SettlesTheFoldersThenReadsTheOptionsThenListsTheCharacters)
+{
+    bInit::Initialize();
+    const auto& calls = desktop.journal.Calls();
+    const auto first = [&](const char* beginning) {
+        return std::find_if(calls.begin(), calls.end(),
+                            [&](const std::string& call) { return call.starts_with(beginning); });
+    };
+    const std::string optionKey = std::string("Registry.Open CurrentUser ") + OptionKey;
+    const auto lastOption = std::find(calls.rbegin(), calls.rend(), optionKey).base();
+    ASSERT_NE(first("Files.Match"), calls.end());
+    EXPECT_LT(first("Environment.Variable APPDATA"), first(optionKey.c_str()));
+    EXPECT_LT(lastOption, first("Files.Match"));
+    EXPECT_LT(first("Files.Match"), first("Registry.Open ClassesRoot Word.Application"));
 }
 
 }
