@@ -137,6 +137,21 @@ TEST_F(CharacterEvents, DblClick_LeftWithCtrl_HidesAVisibleWindow)
     EXPECT_FALSE(window.Visible());
 }
 
+TEST_F(CharacterEvents, DblClick_LeftWithCtrl_ChangesTheStateBeforeTheVisibility)
+{
+    std::vector<std::pair<ui::WindowState, bool>> seen;
+    ui::CForm::Peer peer;
+    peer.changed = [&] { seen.emplace_back(window.State(), window.Visible()); };
+    window.SetVisible(true);
+    window.SetPeer(peer);
+    DblClick(Left, Ctrl);
+    DblClick(Left, Ctrl);
+    EXPECT_EQ(seen, (std::vector<std::pair<ui::WindowState, bool>>{{ui::WindowState::Minimized, true},
+                                                                   {ui::WindowState::Minimized, false},
+                                                                   {ui::WindowState::Normal, false},
+                                                                   {ui::WindowState::Normal, true}}));
+}
+
 TEST_F(CharacterEvents, DblClick_LeftWithCtrlAndReadingOff_TogglesTheWindowToo)
 {
     window.chkReadClipBoardOnDblClick.SetValue(0);
@@ -278,6 +293,14 @@ TEST_F(VoiceCommand, WithARivalOfOppositeSign_ComparesTheSizes)
     heard.confidence = -30;
     heard.alt1Name = "ReadClipboard";
     heard.alt1Confidence = 35;
+    EXPECT_FALSE(Obeyed());
+}
+
+TEST_F(VoiceCommand, WithARivalOfNegativeConfidence_ComparesItsSize)
+{
+    heard.confidence = 50;
+    heard.alt1Name = "ReadClipboard";
+    heard.alt1Confidence = -45;
     EXPECT_FALSE(Obeyed());
 }
 

@@ -154,6 +154,14 @@ TEST_F(CharSpeak, PutsTheTagsBeforeEveryAlternative)
     EXPECT_EQ(desktop.engine.Spoken(), Texts{"\\Spd=200\\A|\\Spd=200\\B"});
 }
 
+TEST_F(CharSpeak, BuildsTheTagsOnceForAllLines)
+{
+    SwitchSpeedOn();
+    desktop.engine.whenSpoken = [this] { window.sldAdvSpeak[1].SetValue(100); };
+    bParlune::CharSpeak("A\r\nB");
+    EXPECT_EQ(desktop.engine.Spoken(), (Texts{"\\Spd=200\\A", "\\Spd=200\\B"}));
+}
+
 TEST_F(CharSpeak, OfASoundOnly_HasNoTags)
 {
     SwitchSpeedOn();

@@ -293,6 +293,16 @@ TEST_F(ReadClipboard, WithAHiddenCharacter_ShowsItForTheReadingOnly)
                                     "Character.StopAll -", "Character.Hide -"}));
 }
 
+TEST_F(ReadClipboard, WithAHiddenCharacterAndQueueingOff_ShowsItBeforeItStopsTheSpeech)
+{
+    window.chkQueueReadCommands.SetValue(0);
+    desktop.engine.loaded->visible = false;
+    desktop.clipboard.Put("Hello");
+    bRead::ReadClipboard();
+    EXPECT_EQ(EngineCalls(), (Texts{"Character.Visible", "Character.Show -", "Character.StopAll -",
+                                    "Character.Speak Hello | -", "Character.StopAll -", "Character.Hide -"}));
+}
+
 TEST_F(ReadClipboard, WithoutCharacter_LoadsIt)
 {
     bParlune::CharUnload(false);

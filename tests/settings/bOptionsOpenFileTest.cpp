@@ -140,6 +140,33 @@ TEST_F(OpenFile, AfterMoreThanThirtySeconds_CountsWholeSeconds)
     EXPECT_EQ(desktop.messageBoxes.shown.size(), 1U);
 }
 
+TEST_F(OpenFile, AfterMoreThanThirtySeconds_CountsTheSecondsOfTheClock)
+{
+    desktop.clock.Advance(900);
+    OpenSlowly(1, 30'099);  // From second 0 to second 30.
+    EXPECT_TRUE(desktop.messageBoxes.shown.empty());
+    desktop.clock.Advance(901);
+    OpenSlowly(1, 30'100);  // From second 31 to second 62.
+    EXPECT_EQ(desktop.messageBoxes.shown.size(), 1U);
+}
+
+TEST_F(OpenFile, TheTimeInTheDialog_CountsForNothing)
+{
+    desktop.fileDialogs.answers = {File};
+    desktop.fileDialogs.whileAsked = [this] { desktop.clock.Advance(60'000); };
+    desktop.files.PutFile(File, "abc");
+    bOptions::OpenFile("");
+    EXPECT_EQ(window.txtRead.Text(), "abc\r\n");
+    EXPECT_TRUE(desktop.messageBoxes.shown.empty());
+}
+
+TEST_F(OpenFile, AFileThatIsNotThere_StillGivesTheLastFolder)
+{
+    bOptions::OpenFile("C:\\Texts\\missing.txt");
+    EXPECT_EQ(Reports(), Texts{"bOptions:OpenFile"});
+    EXPECT_EQ(settings::Options().LastFolder, "C:\\Texts\\");
+}
+
 TEST_F(OpenFile, WhileItTakesLong_LetsEventsRunEveryHalfMinute)
 {
     desktop.messageBoxes.answers = {BoxAnswer::Yes};

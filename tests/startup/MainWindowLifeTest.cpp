@@ -166,6 +166,16 @@ TEST_F(MainWindowLife, FormQueryUnload_CloseBoxWithMinimizeOnClose_OnlyMinimizes
     EXPECT_EQ(desktop.trayIcon.tip, "Parlune");
 }
 
+TEST_F(MainWindowLife, FormQueryUnload_OnlyMinimized_GoesOnWatchingTheClipboard)
+{
+    PutOption("MonitorClipboard", "1");
+    Start();
+    MainWindow().Unload(UnloadMode::ControlMenu);
+    desktop.clipboard.Put("Copied while in the tray");
+    EXPECT_TRUE(bClipboard::Monitoring());
+    EXPECT_EQ(desktop.engine.Spoken().back(), "Copied while in the tray");
+}
+
 TEST_F(MainWindowLife, FormQueryUnload_CloseBoxWithoutMinimizeOnClose_Closes)
 {
     PutOption("MinimizeOnClose", "0");
@@ -283,6 +293,32 @@ TEST_F(MainWindowLife, Exit_FromTheFileMenu_ReallyCloses)
     MainWindow().mnuFileExit.Click();
     EXPECT_FALSE(MainWindow().Loaded());
     EXPECT_FALSE(MainWindow().tmrTimer.Enabled());
+}
+
+TEST_F(MainWindowLife, Exit_BeforeTheWindowIsAskedToClose_StopsTheTimer)
+{
+    Start();
+    ASSERT_TRUE(MainWindow().tmrTimer.Enabled());
+    bool ran = true;
+    MainWindow().onQueryUnload = [&](UnloadMode) {
+        ran = MainWindow().tmrTimer.Enabled();
+        return true;
+    };
+    mainWindow::Exit();
+    EXPECT_FALSE(ran);
+}
+
+TEST_F(MainWindowLife, ShowOptions_OfAMinimizedWindow_IsNormalBeforeItIsVisible)
+{
+    PutOption("FirstTime", "0");
+    Start();
+    MainWindow().onResize = nullptr;
+    std::vector<std::pair<WindowState, bool>> seen;
+    ui::CForm::Peer peer;
+    peer.changed = [&] { seen.emplace_back(MainWindow().State(), MainWindow().Visible()); };
+    MainWindow().SetPeer(peer);
+    mainWindow::ShowOptions();
+    EXPECT_EQ(seen, (std::vector<std::pair<WindowState, bool>>{{WindowState::Normal, false}, {WindowState::Normal, true}}));
 }
 
 TEST_F(MainWindowLife, Exit_FromThePopupMenu_ReallyCloses)

@@ -290,3 +290,34 @@ TEST_F(CharacterSize, SelectAll_CountsCharacters)
     window.txtUserName.SelectAll();
     EXPECT_EQ(window.txtUserName.SelectionLength(), 3);
 }
+
+TEST_F(CharacterSize, chkCustomSize_Click_WhenTheWidthIsRefused_SetsTheHeight)
+{
+    LoadMerlin();
+    ShowSizes("200", "150");
+    desktop.journal.FailNext("Character.SetWidth", failure);
+    window.chkCustomSize.SetValue(1);
+    ExpectSize(128, 150);
+    ExpectKept(128, 150);
+    EXPECT_EQ(Reports(), Texts{});
+}
+
+TEST_F(CharacterSize, chkCustomSize_Click_WhenTheOwnWidthIsRefused_ReturnsToTheOwnHeight)
+{
+    LoadWithCustomSize();
+    Type(0, "200");
+    Type(1, "150");
+    desktop.journal.FailNext("Character.SetWidth", failure);
+    window.chkCustomSize.SetValue(0);
+    ExpectSize(200, 96);
+}
+
+TEST_F(CharacterSize, txtSize_LostFocus_WhenTheWidthIsRefused_SetsTheHeight)
+{
+    LoadWithCustomSize();
+    window.txtSize[0].SetText("200");
+    desktop.journal.FailNext("Character.SetWidth", failure);
+    Type(1, "150");
+    ExpectSize(128, 150);
+    EXPECT_EQ(Reports(), Texts{"Parlune:txtSize_LostFocus"});
+}

@@ -226,6 +226,15 @@ TEST_F(TextEditor, SaveFile_AReadOnlyFile_IsReportedAndChangesNothing)
     EXPECT_EQ(window.Caption(), "Parlune - [C:\\Texts\\a.txt] *");
 }
 
+TEST_F(TextEditor, SaveFile_ThatFails_StillGivesTheLastFolder)
+{
+    settings::Options().LastFolder = "C:\\Books\\";
+    Type("Hello");
+    desktop.files.SetReadOnly("C:\\Texts\\a.txt");
+    textEditor::SaveFile("C:\\Texts\\a.txt");
+    EXPECT_EQ(settings::Options().LastFolder, "C:\\Texts\\");
+}
+
 TEST_F(TextEditor, SaveFile_InAFolderThatVanished_IsReported)
 {
     Type("Hello");

@@ -51,6 +51,22 @@ TEST_F(SysTray, Icon_LeftDoubleClick_HidesAVisibleWindow)
     EXPECT_EQ(window.State(), WindowState::Minimized);
 }
 
+TEST_F(SysTray, Icon_LeftDoubleClick_ChangesTheStateBeforeTheVisibility)
+{
+    std::vector<std::pair<WindowState, bool>> seen;
+    window.onResize = nullptr;
+    ui::CForm::Peer peer;
+    peer.changed = [&] { seen.emplace_back(window.State(), window.Visible()); };
+    window.SetVisible(true);
+    window.SetPeer(peer);
+    desktop.trayIcon.Mouse(LeftDoubleClick);
+    desktop.trayIcon.Mouse(LeftDoubleClick);
+    EXPECT_EQ(seen, (std::vector<std::pair<WindowState, bool>>{{WindowState::Minimized, true},
+                                                               {WindowState::Minimized, false},
+                                                               {WindowState::Normal, false},
+                                                               {WindowState::Normal, true}}));
+}
+
 TEST_F(SysTray, Icon_LeftDoubleClickTwice_RestoresTheNormalWindow)
 {
     window.SetVisible(true);

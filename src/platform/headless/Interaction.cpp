@@ -89,6 +89,8 @@ std::string CFileDialogs::Ask(const FileDialog& dialog)
 {
     m_journal.Enter("FileDialogs.Ask");
     asked.push_back(dialog);
+    if (whileAsked)
+        whileAsked();
     if (answers.empty())
         return "";
     std::string answer = answers.front();

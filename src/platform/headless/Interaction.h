@@ -67,6 +67,7 @@ public:
 
     std::deque<std::string> answers;
     std::vector<FileDialog> asked;
+    std::function<void()> whileAsked;  // Called while a dialog stands on the screen.
 
 private:
     CJournal& m_journal;
