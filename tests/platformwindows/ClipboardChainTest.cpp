@@ -12,7 +12,16 @@ struct Message {
     UINT message;
     WPARAM wParam;
     LPARAM lParam;
+    std::optional<LPARAM> valueAt;  // What lay at the address lParam while the message was delivered.
 };
+
+std::optional<LPARAM> ValueAt(LPARAM address)
+{
+    LPARAM value = 0;
+    SIZE_T read = 0;
+    const auto* place = reinterpret_cast<const void*>(address);
+    return ReadProcessMemory(GetCurrentProcess(), place, &value, sizeof value, &read) ? std::optional(value) : std::nullopt;
+}
 
 // A viewer that only writes down what it is told of the chain.
 struct Viewer {
@@ -24,7 +33,7 @@ struct Viewer {
     {
         if (message != DrawClipboard && message != ChangeChain)
             return std::nullopt;
-        told.push_back({message, wParam, lParam});
+        told.push_back({message, wParam, lParam, ValueAt(lParam)});
         return 0;
     }
     std::vector<Message> told;
@@ -171,6 +180,7 @@ TEST_F(Chain, ACopy_IsPassedOnToTheNextViewerAfterwards)
     CopyText("one");
     ASSERT_TRUE(RunUntil([&] { return other.told.size() == 1; }));
     EXPECT_EQ(other.told[0].message, DrawClipboard);
+    EXPECT_EQ(other.told[0].valueAt, 0) << "the address of a copy of the argument, which is 0 for a copy";
     EXPECT_EQ(toldBefore, 0U);
     clipboardChain::Leave();
     ChangeClipboardChain(other.window.Get(), nullptr);
@@ -201,6 +211,7 @@ TEST_F(Chain, AnotherViewerLeaves_TheNextOneIsToldWithTheAddressOfACopyOfItsFoll
     EXPECT_EQ(other.told[0].message, ChangeChain);
     EXPECT_EQ(other.told[0].wParam, 0x1234U);
     EXPECT_NE(other.told[0].lParam, 0x5678);
+    EXPECT_EQ(other.told[0].valueAt, 0x5678);
     clipboardChain::Leave();
     ChangeClipboardChain(other.window.Get(), nullptr);
 }

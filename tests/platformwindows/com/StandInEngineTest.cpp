@@ -188,6 +188,8 @@ TEST_F(StandInEngine, Garbage_OfEachKind_IsAFailureOrAValue)
     EXPECT_EQ(left("error"), 13);
     EXPECT_EQ(left("huge"), 6);
     EXPECT_EQ(left("empty"), 0);
+    scene->Tell("garbage get:Character.Left number");
+    EXPECT_EQ(bot->Left(), 12345);
 }
 
 TEST_F(StandInEngine, Server_Disconnected_FailsEveryCall)

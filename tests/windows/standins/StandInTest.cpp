@@ -618,21 +618,6 @@ TEST_F(StandIn, Fail_Deferred_IsFilledInWhenAsked)
     EXPECT_EQ(character.Description(), "Later");
 }
 
-TEST_F(StandIn, Garbage_OfEachKind_HasItsType)
-{
-    CCaller character = LoadDefault();
-    Lines types;
-    for (const char* kind : {"text", "number", "huge", "nothing", "null", "empty", "error"}) {
-        Tell((std::string("garbage Left ") + kind).c_str());
-        types.push_back(Describe(character.Get("Left").Get()));
-    }
-    Tell("garbage Left array");
-
-    EXPECT_EQ(character.Get("Left").Get().vt, VT_ARRAY | VT_I4);
-    EXPECT_EQ(types, (Lines{"BSTR \"no number\"", "I4 12345", "R8 1E+300", "DISPATCH nothing", "NULL", "EMPTY",
-                            "ERROR 0x8002000B"}));
-}
-
 TEST_F(StandIn, During_RaisesTheEventBeforeTheCallReturns)
 {
     CCaller character = LoadDefault();
