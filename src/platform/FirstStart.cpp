@@ -10,6 +10,13 @@ constexpr std::array Greetings = {"Good {TimeOfDay}! It is nice to see you.", "H
                                   "Good {TimeOfDay}! It is {Time}. I am ready when you are."};
 }
 
+void PrepareOptions(IRegistry& registry)
+{
+    if (!registry.Open(Root::CurrentUser, OptionKey))
+        SeedGreetings(registry);
+    SeedCustomSize(registry);
+}
+
 void SeedGreetings(IRegistry& registry)
 {
     const auto key = registry.Create(Root::CurrentUser, OptionKey);

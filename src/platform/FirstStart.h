@@ -6,6 +6,10 @@ namespace platform {
 
 inline constexpr char OptionKey[] = "Software\\Tarrowind\\Parlune";
 
+// What an installation program would leave behind, where it is missing. The option key tells a new user, and one who has
+// reset the options: without it there are five greetings.
+void PrepareOptions(IRegistry& registry);
+
 // Gives the registry five greetings, so that the character greets a new user by voice.
 void SeedGreetings(IRegistry& registry);
 

@@ -278,6 +278,30 @@ TEST_F(LinuxFiles, SeedGreetings_NewUser_GetsFiveWithoutAName)
     EXPECT_EQ(std::count(text.begin(), text.end(), '='), 5);
 }
 
+TEST_F(LinuxFiles, PrepareOptions_AnotherKeyIsStored_GivesTheGreetings)
+{
+    CLinuxRegistry registry(folder.Path("registry.txt"), CAutostart("", ""));
+    registry.Create(Root::CurrentUser, "Software\\Tarrowind\\Other")->SetText("Name", "Ada");
+    PrepareOptions(registry);
+    const auto key = registry.Open(Root::CurrentUser, "Software\\Tarrowind\\Parlune");
+
+    ASSERT_TRUE(key);
+    EXPECT_TRUE(key->ValueSize("Greeting1"));
+    EXPECT_TRUE(key->ValueSize("Greeting5"));
+    EXPECT_TRUE(key->ValueSize("CharWidth"));
+}
+
+TEST_F(LinuxFiles, PrepareOptions_AnOptionIsStored_GivesNoGreetings)
+{
+    CLinuxRegistry registry(folder.Path("registry.txt"), CAutostart("", ""));
+    registry.Create(Root::CurrentUser, "Software\\Tarrowind\\Parlune")->SetText("UserName", "Ada");
+    PrepareOptions(registry);
+    const auto key = registry.Open(Root::CurrentUser, "Software\\Tarrowind\\Parlune");
+
+    EXPECT_FALSE(key->ValueSize("Greeting1"));
+    EXPECT_TRUE(key->ValueSize("CharWidth"));
+}
+
 TEST_F(LinuxFiles, SeedCustomSize_OneSideStored_OnlyTheOtherIsAdded)
 {
     CLinuxRegistry registry(folder.Path("registry.txt"), CAutostart("", ""));

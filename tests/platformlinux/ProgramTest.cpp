@@ -106,6 +106,19 @@ TEST_F(Program, Terminate_NewUser_SavesTheOptionsAndEndsWell)
     EXPECT_FALSE(home.Has("runtime/parlune.socket"));
 }
 
+// What Reset Defaults leaves behind: a file without the options.
+TEST_F(Program, Start_AfterAReset_GivesTheGreetingsAgain)
+{
+    home.Write("config/parlune/registry.txt", "# Parlune registry 1\n# end\n");
+    QProcess program;
+    Start(program);
+
+    EXPECT_TRUE(
+        Within([&] { return home.Read("config/parlune/registry.txt").find("\"Greeting5\" = \"") != std::string::npos; }));
+    program.terminate();
+    EXPECT_TRUE(program.waitForFinished());
+}
+
 TEST_F(Program, Start_AnotherRuns_EndsWellAndLeavesItRunning)
 {
     QProcess program;

@@ -1,7 +1,6 @@
 #include "app/windows/ProgramRun.h"
 #include "platform/Failure.h"
 #include "platform/FirstStart.h"
-#include "platform/Registry.h"
 #include "platform/windows/Text.h"
 #include <exception>
 
@@ -15,20 +14,12 @@ void UseCommonControls()
     InitCommonControlsEx(&controls);
 }
 
-// What an installation program would leave behind.
-void PrepareFirstStart(platform::IRegistry& registry)
-{
-    if (!registry.Open(platform::Root::CurrentUser, platform::OptionKey))
-        platform::SeedGreetings(registry);
-    platform::SeedCustomSize(registry);
-}
-
 int Run()
 {
     UseCommonControls();
     platform::windowsdesktop::CWindowsDesktop desktop;
     const platform::CPlatformInUse inUse(desktop.Platform());
-    PrepareFirstStart(desktop.Platform().registry);
+    platform::PrepareOptions(desktop.Platform().registry);
     appwindows::CProgramRun run(desktop);
     return run.Run();
 }

@@ -69,9 +69,7 @@ void CLinuxDesktop::PrepareFirstStart()
 {
     CAutostart(AutostartFile(), ProgramFile()).FollowProgram();
     PlaceCharacters(BundledCharacters(m_files), CharacterFolder(m_files));
-    if (m_files.Kind(RegistryFile()) == EntryKind::None)
-        SeedGreetings(m_registry);
-    SeedCustomSize(m_registry);
+    PrepareOptions(m_registry);
     // The same where nothing can be stored.
     for (const char* side : {"CharWidth", "CharHeight"})
         m_registry.Assume(Root::CurrentUser, OptionKey, side, "0");
