@@ -1,16 +1,19 @@
 #include "FilledForm.h"
 #include <QCheckBox>
 #include <QComboBox>
+#include <QEventLoop>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSlider>
 #include <QStatusBar>
 #include <QTabWidget>
+#include <QTimer>
 #include <QToolBar>
 
 // Each kind of control both ways: what the program sets is shown, what the user does is reported. Keys stand for the user.
@@ -31,6 +34,28 @@ void Type(QWidget* widget, const QString& text)
 struct Mirror : testing::Test {
     ShownWindow shown;
 };
+}
+
+// A tick may open a report, which waits for its answer.
+TEST_F(Mirror, Timer_TickThatWaits_OthersTickMeanwhile)
+{
+    QEventLoop run;
+    QMessageBox report;
+    bool tickedMeanwhile = false;
+    shown.form.tmrTimer.onTimer = [&] {
+        if (report.isVisible()) {
+            tickedMeanwhile = true;
+            return report.reject();
+        }
+        report.exec();
+        run.quit();
+    };
+    QTimer::singleShot(10000, &report, &QDialog::reject);
+    shown.form.tmrTimer.SetEnabled(true);
+    run.exec();
+    shown.form.tmrTimer.SetEnabled(false);
+
+    EXPECT_TRUE(tickedMeanwhile);
 }
 
 TEST_F(Mirror, CheckBox_SetByTheProgram_IsShown)

@@ -47,7 +47,9 @@ CMainWindowPeer::CMainWindowPeer(frmParlune& form, std::function<bool()> canBeRe
             m_inside->FollowFocus();
     };
     m_form.SetPeer(std::move(peer));
-    QObject::connect(&m_timer, &QTimer::timeout, this, [this] { m_form.tmrTimer.Tick(); });
+    // Queued, for a timer of the toolkit rests while its own slot runs: a tick may wait for a speech or for an answer.
+    QObject::connect(
+        &m_timer, &QTimer::timeout, this, [this] { m_form.tmrTimer.Tick(); }, Qt::QueuedConnection);
     m_form.tmrTimer.SetPeer([this] { MirrorTimer(); });
     Mirror();
     MirrorTimer();
