@@ -11,8 +11,8 @@ struct FileDialog {
     int filterIndex = 1;        // Counted from 1; beyond the last pair means the last one.
     std::string initialFolder;  // "" leaves the choice to the system.
     std::string initialFile;
-    std::size_t fileLimit = 256;   // Longest path, in bytes, that the dialog may return.
-    std::string defaultExtension;  // Appended when the user types a name without one.
+    std::size_t fileLimit = 256;   // Longest path, in characters, that the dialog may return.
+    std::string defaultExtension;  // Appended when the user types a name without one that is not there.
     std::string title;
     bool fileMustExist = false;
     bool pathMustExist = false;
@@ -22,7 +22,7 @@ struct FileDialog {
 class IFileDialogs {
 public:
     virtual ~IFileDialogs() = default;
-    // The chosen path; "" when the user cancelled.
+    // The chosen path; "" when the user cancelled. Throws CFailure 52 for a path that is too long.
     virtual std::string Ask(const FileDialog& dialog) = 0;
 };
 

@@ -294,25 +294,126 @@ TEST(LinuxFileDialogs, Ask_NewNameToSave_GetsTheDefaultExtension)
     EXPECT_EQ(filter.toStdString(), "All (*)");
 }
 
+// A folder, and a dialog in which a name is typed.
+struct TypedName {
+    const CTemporaryFolder folder;
+    FileDialog dialog;
+    bool wasRefused = false;
+
+    explicit TypedName(FileDialog::Mode mode)
+    {
+        QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+        dialog.mode = mode;
+        dialog.initialFolder = folder.Path();
+        dialog.defaultExtension = "TXT";
+        dialog.fileMustExist = mode == FileDialog::Mode::Open;
+        dialog.pathMustExist = mode == FileDialog::Mode::Save;
+    }
+    // What is answered. A dialog that does not take the name is cancelled; what it says is answered with OK.
+    std::string Ask(const std::string& name)
+    {
+        wasRefused = false;
+        WithNextDialog<QFileDialog>([&](QFileDialog& native) {
+            native.findChild<QLineEdit*>("fileNameEdit")->setText(QString::fromStdString(name));
+            QTimer answer;
+            QObject::connect(&answer, &QTimer::timeout, [] {
+                if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()))
+                    box->accept();
+            });
+            answer.start(10);
+            static_cast<QDialog&>(native).accept();
+            if (native.isVisible()) {
+                wasRefused = true;
+                native.reject();
+            }
+        });
+        return CLinuxFileDialogs().Ask(dialog);
+    }
+    int FailureOf(const std::string& name)
+    {
+        try {
+            Ask(name);
+        } catch (const CFailure& failure) {
+            return failure.Number();
+        }
+        return 0;
+    }
+};
+
 TEST(LinuxFileDialogs, Ask_ExistingFileWithoutExtension_StaysAsItIs)
 {
-    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
-    const CTemporaryFolder folder;
-    folder.Write("README", "x");
-    const auto ask = [&](std::size_t limit) {
-        WithNextDialog<QFileDialog>([&](QFileDialog& dialog) {
-            dialog.findChild<QLineEdit*>("fileNameEdit")->setText("README");
-            static_cast<QDialog&>(dialog).accept();
-        });
-        FileDialog wanted;
-        wanted.initialFolder = folder.Path();
-        wanted.fileLimit = limit;
-        wanted.defaultExtension = "TXT";
-        wanted.fileMustExist = true;
-        return CLinuxFileDialogs().Ask(wanted);
-    };
-    EXPECT_EQ(ask(256), folder.Path("README"));
-    EXPECT_EQ(ask(5), "");
+    TypedName typed(FileDialog::Mode::Open);
+    typed.folder.Write("README", "x");
+    typed.folder.Write("README.TXT", "y");
+    EXPECT_EQ(typed.Ask("README"), typed.folder.Path("README"));
+}
+
+TEST(LinuxFileDialogs, Ask_NameToOpenWithoutItsExtension_FindsTheFile)
+{
+    TypedName typed(FileDialog::Mode::Open);
+    typed.folder.Write("notes.TXT", "x");
+    typed.folder.Write("letter.txt", "x");
+    EXPECT_EQ(typed.Ask("notes"), typed.folder.Path("notes.TXT"));
+    EXPECT_EQ(typed.Ask("letter"), typed.folder.Path("letter.txt"));
+}
+
+TEST(LinuxFileDialogs, Ask_NameToOpenThatIsNotThere_IsRefused)
+{
+    TypedName typed(FileDialog::Mode::Open);
+    typed.folder.Write("notes.old.TXT", "x");
+    EXPECT_EQ(typed.Ask("letter"), "");
+    EXPECT_TRUE(typed.wasRefused);
+    EXPECT_EQ(typed.Ask("notes.old"), "");  // It has an extension.
+    EXPECT_TRUE(typed.wasRefused);
+}
+
+TEST(LinuxFileDialogs, Ask_NewNameWhereNoneMustExist_GetsTheDefaultExtension)
+{
+    TypedName typed(FileDialog::Mode::Open);
+    typed.dialog.fileMustExist = false;
+    EXPECT_EQ(typed.Ask("notes"), typed.folder.Path("notes.TXT"));
+}
+
+TEST(LinuxFileDialogs, Ask_NameToSaveInAFolderThatIsNotThere_IsRefused)
+{
+    TypedName typed(FileDialog::Mode::Save);
+    EXPECT_EQ(typed.Ask("none/notes"), "");
+    EXPECT_TRUE(typed.wasRefused);
+    typed.folder.MakeFolder("some");
+    EXPECT_EQ(typed.Ask("some/notes"), typed.folder.Path("some/notes.TXT"));
+    EXPECT_FALSE(typed.wasRefused);
+}
+
+TEST(LinuxFileDialogs, Ask_PathOfTheLimit_CountsCharacters)
+{
+    TypedName typed(FileDialog::Mode::Save);
+    const std::string name = "\u00e4\u00f6\U0001f600.txt";
+    typed.dialog.fileLimit = typed.folder.Path().size() + 1 + 7;
+    EXPECT_EQ(typed.Ask(name), typed.folder.Path(name));
+}
+
+TEST(LinuxFileDialogs, Ask_PathBeyondTheLimit_IsABadFileName)
+{
+    TypedName typed(FileDialog::Mode::Save);
+    typed.dialog.fileLimit = typed.folder.Path().size() + 1 + 6;
+    EXPECT_EQ(typed.FailureOf("abc.txt"), 52);
+    EXPECT_FALSE(typed.wasRefused);
+    typed.dialog.fileLimit = 256;
+    EXPECT_EQ(typed.FailureOf(std::string(300, 'a')), 52);
+}
+
+// It may have been removed since it was chosen last.
+TEST(LinuxFileDialogs, Ask_InAFolderThatIsNotThere_StartsInOneThatIs)
+{
+    TypedName typed(FileDialog::Mode::Save);
+    typed.dialog.initialFolder = typed.folder.Path("none/");
+    QString shown;
+    WithNextDialog<QFileDialog>([&](QFileDialog& native) {
+        shown = native.directory().absolutePath();
+        native.reject();
+    });
+    CLinuxFileDialogs().Ask(typed.dialog);
+    EXPECT_TRUE(QFileInfo(shown).isDir()) << shown.toStdString();
 }
 
 TEST(LinuxShell, StartProgram_Unknown_IsFileNotFound)
