@@ -1,20 +1,47 @@
 #include "app/linux/Application.h"
 #include "common/zbErrorTrap.h"
+#include "platform/linux/DisplayLoss.h"
+#include <QThread>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 QtMessageHandler formerHandler = nullptr;
 
-// Qt ends the program by a crash when it cannot reach the display.
-void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
+std::function<void()>& LastWords()
 {
-    if (type != QtFatalMsg)
-        return formerHandler(type, context, message);
+    static std::function<void()> lastWords;
+    return lastWords;
+}
+
+[[noreturn]] void EndBecauseOf(const QString& message)
+{
     std::fprintf(stderr, "Parlune cannot go on: %s\n", message.toUtf8().constData());
     ::_exit(1);
+}
+
+// Taken before it runs: what it does may fail at the display as well.
+void SayLastWords()
+{
+    if (const auto lastWords = std::exchange(LastWords(), {}))
+        lastWords();
+}
+
+bool IsOnInterfaceThread() { return qApp && QThread::currentThread() == qApp->thread(); }
+
+// Qt ends the program by a crash when it cannot reach the display. One that goes away later it tells of in a warning, and
+// then leaves from the middle of everything, past the end of the main procedure.
+void HandleMessage(QtMsgType type, const QMessageLogContext& context, const QString& message)
+{
+    if (type == QtFatalMsg)
+        EndBecauseOf(message);
+    if (type != QtWarningMsg || !LastWords() || !IsOnInterfaceThread() || !platform::linuxdesktop::DisplayIsLost())
+        return formerHandler(type, context, message);
+    SayLastWords();
+    EndBecauseOf(message);
 }
 
 const char* DescriptionOfCurrent()
@@ -50,3 +77,7 @@ void ReportSuddenEnds()
     formerHandler = qInstallMessageHandler(HandleMessage);
     std::set_terminate(HandleTerminate);
 }
+
+CDisplayLoss::CDisplayLoss(std::function<void()> lastWords) { LastWords() = std::move(lastWords); }
+
+CDisplayLoss::~CDisplayLoss() { LastWords() = {}; }

@@ -3,6 +3,7 @@
 #include "app/linux/window/Pictures.h"
 #include "common/ProgramState.h"
 #include "common/zbErrorTrap.h"
+#include "settings/bOptions.h"
 #include "startup/Wiring.h"
 #include "ui/frmParlune.h"
 #include "ui/frmSplash.h"
@@ -91,4 +92,16 @@ void CProgramRun::EndSession()
     guard([] { MainWindow().Unload(ui::UnloadMode::Session); });
     m_desktop.FlushStores();
     QCoreApplication::quit();
+}
+
+// It may have been closing already, waiting for an answer that nobody can give any more.
+void CProgramRun::SaveWithoutDisplay()
+{
+    const zbErrorTrap::CGuard guard("Parlune", "SaveWithoutDisplay");
+    SplashWindow().SetPeer({});
+    MainWindow().SetPeer({});
+    guard([] { MainWindow().Unload(ui::UnloadMode::Session); });
+    if (MainWindow().Loaded())
+        guard([] { bOptions::SetOptions(); });
+    m_desktop.FlushStores();
 }

@@ -13,6 +13,8 @@ public:
 
     void BringToFront();  // Another start of the program asked for it.
     void EndSession();    // Closes as at the end of a session: options are saved, then the program ends.
+    // The display has gone: saves what EndSession saves. The process must end afterwards.
+    void SaveWithoutDisplay();
 
 private:
     void Start();

@@ -35,6 +35,7 @@ int RunOn(const ProgramOptions& options, CSingleInstance& instance, CProgramRun*
     const platform::CPlatformInUse inUse(desktop.Platform());
     CProgramRun run(desktop);
     running = &run;
+    const CDisplayLoss displayLoss([&] { run.SaveWithoutDisplay(); });
     instance.OnAsked([&] { run.BringToFront(); });
     const int code = run.Run();
     instance.OnAsked({});

@@ -1,5 +1,6 @@
 #include "platform/linux/LinuxFileDialogs.h"
 #include "platform/Failure.h"
+#include "platform/linux/DisplayLoss.h"
 #include <QApplication>
 #include <QDirIterator>
 #include <QFileDialog>
@@ -165,6 +166,8 @@ QStringList NameFilters(const std::string& pairs)
 
 std::string CLinuxFileDialogs::Ask(const FileDialog& dialog)
 {
+    if (DisplayIsLost())
+        return "";
     return CCheckedDialog(QApplication::activeWindow(), dialog).Ask();
 }
 

@@ -4,7 +4,7 @@
 
 namespace platform::linuxdesktop {
 
-// The desktop's file dialogs. Needs a QApplication.
+// The desktop's file dialogs; cancelled when the display has gone. Needs a QApplication.
 class CLinuxFileDialogs final : public IFileDialogs {
 public:
     std::string Ask(const FileDialog& dialog) override;

@@ -1,4 +1,5 @@
 #include "platform/linux/LinuxMessageBoxes.h"
+#include "platform/linux/DisplayLoss.h"
 #include "platform/text/Encoding.h"
 #include <QApplication>
 #include <QMessageBox>
@@ -62,6 +63,8 @@ QWidget* VisibleActiveWindow()
 
 BoxAnswer CLinuxMessageBoxes::Show(const MessageBox& box)
 {
+    if (DisplayIsLost())
+        return box.buttons == BoxButtons::YesNo ? BoxAnswer::No : BoxAnswer::Ok;
     const Buttons buttons = ButtonsOf(box.buttons);
     QMessageBox native(VisibleActiveWindow());
     native.setWindowTitle(QString::fromStdString(box.title));
