@@ -15,7 +15,9 @@ public:
 
     // Whether this desktop tells about changes of the clipboard at all. Where it does not, Watch never calls anything.
     virtual bool CanWatch() const = 0;
-    // Calls `changed` once for every later change of the clipboard, never for what it holds now, until StopWatching.
+    // Calls `changed` once for every later change of the clipboard, never for what it holds now, until StopWatching. While
+    // another program holds the clipboard it waits for half a second, without holding up the window, before it calls all
+    // the same.
     // Changes that follow each other before the program can answer may come as one call, for the last of them. A second
     // Watch replaces the first.
     virtual void Watch(std::function<void()> changed) = 0;

@@ -10,24 +10,9 @@ namespace {
 // Whoever copies holds the clipboard for a moment only.
 constexpr int OpeningsTried = 5;
 constexpr DWORD BetweenTriesMilliseconds = 8;
+constexpr UINT BetweenTriesOfAChangeMilliseconds = 15;
 
 CFailure CannotOpenClipboard() { return {521, "Can't open Clipboard"}; }
-
-// The clipboard, held until the end.
-class COpenClipboard {
-public:
-    explicit COpenClipboard(HWND owner)
-    {
-        for (int tried = 1; OpenClipboard(owner) == 0; ++tried) {
-            if (tried == OpeningsTried)
-                throw CannotOpenClipboard();
-            Sleep(BetweenTriesMilliseconds);
-        }
-    }
-    ~COpenClipboard() { CloseClipboard(); }
-    COpenClipboard(const COpenClipboard&) = delete;
-    COpenClipboard& operator=(const COpenClipboard&) = delete;
-};
 
 // A block of another program's, as UTF-16. It need not end with a NUL, nor be whole.
 std::wstring TextOfBlock(HANDLE block)
@@ -44,6 +29,34 @@ std::wstring TextOfBlock(HANDLE block)
 bool HasFormat(const wchar_t* name) { return IsClipboardFormatAvailable(RegisterClipboardFormatW(name)) != 0; }
 }
 
+// The clipboard, held until the end.
+class CWindowsClipboard::COpen {
+public:
+    // Null when another program holds it.
+    static std::unique_ptr<COpen> Try(HWND owner)
+    {
+        return OpenClipboard(owner) != 0 ? std::unique_ptr<COpen>(new COpen) : nullptr;
+    }
+    static std::unique_ptr<COpen> WithinAMoment(HWND owner)
+    {
+        for (int tried = 1; tried <= OpeningsTried; ++tried) {
+            if (auto open = Try(owner))
+                return open;
+            if (tried < OpeningsTried)
+                Sleep(BetweenTriesMilliseconds);
+        }
+        throw CannotOpenClipboard();
+    }
+    ~COpen() { CloseClipboard(); }
+    COpen(const COpen&) = delete;
+    COpen& operator=(const COpen&) = delete;
+
+private:
+    COpen() = default;
+};
+
+CWindowsClipboard::CWindowsClipboard(DWORD patienceMilliseconds) : m_patienceMilliseconds(patienceMilliseconds) {}
+
 CWindowsClipboard::~CWindowsClipboard() { StopWatching(); }
 
 // The system makes the one of any other text format.
@@ -51,7 +64,9 @@ bool CWindowsClipboard::HasText() const { return IsClipboardFormatAvailable(CF_U
 
 std::string CWindowsClipboard::Text() const
 {
-    const COpenClipboard open(m_window);
+    std::unique_ptr<COpen> open = std::move(m_open);
+    if (!open)
+        open = COpen::WithinAMoment(m_window);
     return text::WithCrLf(FromWide(TextOfBlock(GetClipboardData(CF_UNICODETEXT))));
 }
 
@@ -65,13 +80,67 @@ void CWindowsClipboard::Watch(std::function<void()> changed)
     if (m_window == nullptr)
         return;
     m_watching = true;
-    clipboardChain::Join(m_window, std::move(changed));
+    m_changed = std::move(changed);
+    clipboardChain::Join(m_window, [this] { NoteChange(); });
 }
 
 void CWindowsClipboard::StopWatching()
 {
+    StopTrying();
+    m_changed = nullptr;
     if (std::exchange(m_watching, false))
         clipboardChain::Leave();
+}
+
+void CWindowsClipboard::NoteChange()
+{
+    m_patienceEnds = GetTickCount64() + m_patienceMilliseconds;
+    TellWhenFree();
+}
+
+void CWindowsClipboard::TellWhenFree()
+{
+    auto open = COpen::Try(m_window);
+    if (open == nullptr && GetTickCount64() < m_patienceEnds && KeepTrying())
+        return;
+    StopTrying();
+    Tell(std::move(open));
+}
+
+// False without a timer of the system.
+bool CWindowsClipboard::KeepTrying()
+{
+    if (!m_trying)
+        m_trying = SetTimer(m_window, Timer(), BetweenTriesOfAChangeMilliseconds, TryAgain) != 0;
+    return m_trying;
+}
+
+// What is thrown may not pass through the system.
+void CALLBACK CWindowsClipboard::TryAgain(HWND, UINT, UINT_PTR self, DWORD)
+try {
+    reinterpret_cast<CWindowsClipboard*>(self)->TellWhenFree();
+} catch (...) {
+    return;
+}
+
+// A copy is called: the procedure may stop the watching. It finds the clipboard held for it; what it does not read is let
+// go.
+void CWindowsClipboard::Tell(std::unique_ptr<COpen> open)
+{
+    struct Lent {
+        std::unique_ptr<COpen>& open;
+        ~Lent() { open = nullptr; }
+    } const lent{m_open};
+    m_open = std::move(open);
+    const std::function<void()> call = m_changed;
+    if (call)
+        call();
+}
+
+void CWindowsClipboard::StopTrying()
+{
+    if (std::exchange(m_trying, false))
+        KillTimer(m_window, Timer());
 }
 
 }
