@@ -340,6 +340,35 @@ TEST_F(Dialogs, Ask_AFilterBeyondTheLast_MeansTheLast)
     EXPECT_EQ(filter, "All Files");
 }
 
+TEST_F(Dialogs, Ask_WhileTheUserSeesNoWindow_TheMainWindowOwnsTheDialog)
+{
+    const CTestWindow unseen({}, WS_OVERLAPPEDWINDOW);
+    dialogs.UseOwner(unseen.Get());
+    ForOpening();
+    HWND owner = nullptr;
+    Ask({[&](HWND window) {
+        owner = GetWindow(window, GW_OWNER);
+        return Press(IDCANCEL)(window);
+    }});
+    EXPECT_EQ(owner, unseen.Get());
+    EXPECT_FALSE(IsWindowVisible(unseen.Get()));
+    EXPECT_TRUE(IsWindowEnabled(unseen.Get()));
+}
+
+TEST_F(Dialogs, Ask_WhileTheUserSeesAWindow_ThatOneOwnsTheDialog)
+{
+    const CTestWindow unseen({}, WS_OVERLAPPEDWINDOW);
+    const CTestWindow seenWindow({}, WS_OVERLAPPEDWINDOW | WS_VISIBLE);
+    dialogs.UseOwner(unseen.Get());
+    ForOpening();
+    HWND owner = nullptr;
+    Ask({[&](HWND window) {
+        owner = GetWindow(window, GW_OWNER);
+        return Press(IDCANCEL)(window);
+    }});
+    EXPECT_EQ(owner, seenWindow.Get());
+}
+
 // The first form of the dialog answers in the code page, whose replacements no file can have in its name.
 TEST_F(Dialogs, Ask_LettersThatTheCodePageLacks_AreReplacedInTheAnswer)
 {

@@ -160,6 +160,16 @@ TEST_F(CharacterMouse, VoiceCommandReadTextFile_AsksForAFile)
     EXPECT_TRUE(WaitForFileDialog(parlune.Id(), "Read Text File"));
 }
 
+TEST_F(CharacterMouse, VoiceCommandReadTextFile_WhileTheWindowIsHidden_AsksInADialogOfTheWindow)
+{
+    Start();
+    agent.Hears("ReadTextFile");
+    const HWND dialog = WaitForFileDialog(parlune.Id(), "Read Text File");
+
+    EXPECT_FALSE(parlune.IsShown());
+    EXPECT_EQ(GetWindow(dialog, GW_OWNER), parlune.Main());
+}
+
 TEST_F(CharacterMouse, Load_RegistersTheVoiceCommands)
 {
     Begin();

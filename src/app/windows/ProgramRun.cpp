@@ -66,6 +66,7 @@ void CProgramRun::LendWindows()
 {
     m_trayPicture = pictures::ProgramIcon(GetSystemMetrics(SM_CXSMICON));
     m_desktop.Clipboard().UseWindow(m_mainWindow->Native());
+    m_desktop.FileDialogs().UseOwner(m_mainWindow->Native());
     m_desktop.TrayIcon().UseOwner(m_tray->Native(), m_trayPicture);
     m_desktop.Events().SetFilter([this](MSG& message) { return m_mainWindow->TakeKey(message); });
 }

@@ -24,7 +24,7 @@
 namespace platform::windowsdesktop {
 
 // Owns every service of the Windows desktop, and COM for this thread, the user-interface thread. Before the program runs,
-// give the windows to the services that need one (Clipboard().UseWindow, TrayIcon().UseOwner).
+// give the windows to the services that need one (Clipboard().UseWindow, FileDialogs().UseOwner, TrayIcon().UseOwner).
 class CWindowsDesktop {
 public:
     CWindowsDesktop();  // Throws CFailure when there is no COM.
@@ -34,6 +34,7 @@ public:
     const CPlatform& Platform() const { return m_platform; }
     CWindowsClipboard& Clipboard() { return m_clipboard; }
     CWindowsEventPump& Events() { return m_events; }
+    CWindowsFileDialogs& FileDialogs() { return m_fileDialogs; }
     CWindowsScreen& Screen() { return m_screen; }
     CWindowsTrayIcon& TrayIcon() { return m_trayIcon; }
 

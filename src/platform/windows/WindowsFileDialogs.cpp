@@ -39,7 +39,7 @@ const char* OrNull(const std::string& text) { return text.empty() ? nullptr : te
 // The record of the system's and all that it points to.
 class CRecord {
 public:
-    explicit CRecord(const FileDialog& dialog);
+    CRecord(const FileDialog& dialog, HWND owner);
     CRecord(const CRecord&) = delete;
     CRecord& operator=(const CRecord&) = delete;
     OPENFILENAMEA& Get() { return m_record; }
@@ -58,7 +58,7 @@ DWORD FilterIndexOf(const FileDialog& dialog)
 }
 
 // The list of filters ends with two NULs. A name too long for the buffer is left out.
-CRecord::CRecord(const FileDialog& dialog)
+CRecord::CRecord(const FileDialog& dialog, HWND owner)
     : m_filter(ToAnsi(dialog.filter) + std::string(2, '\0')), m_folder(AnsiPath(ToWide(dialog.initialFolder))),
       m_extension(ToAnsi(dialog.defaultExtension)), m_title(ToAnsi(dialog.title)), m_path(dialog.fileLimit + 1, '\0')
 {
@@ -66,7 +66,7 @@ CRecord::CRecord(const FileDialog& dialog)
     if (file.size() < dialog.fileLimit)
         std::copy(file.begin(), file.end(), m_path.begin());
     m_record.lStructSize = OPENFILENAME_SIZE_VERSION_400A;
-    m_record.hwndOwner = OwnerForModalWindow();
+    m_record.hwndOwner = owner;
     m_record.lpstrFilter = dialog.filter.empty() ? nullptr : m_filter.c_str();
     m_record.nFilterIndex = FilterIndexOf(dialog);
     m_record.lpstrFile = m_path.data();
@@ -114,7 +114,8 @@ std::string WithExtension(const std::string& path, const FileDialog& dialog)
 std::string CWindowsFileDialogs::Ask(const FileDialog& dialog)
 {
     const CKeptCurrentFolder folder;
-    CRecord record(dialog);
+    const HWND seen = OwnerForModalWindow();
+    CRecord record(dialog, seen != nullptr ? seen : m_owner);
     const bool opens = dialog.mode == FileDialog::Mode::Open;
     if ((opens ? GetOpenFileNameA(&record.Get()) : GetSaveFileNameA(&record.Get())) == 0) {
         ThrowIfFailed(CommDlgExtendedError());
