@@ -55,18 +55,43 @@ TEST_F(Window, CloseButton_AsksTheForm)
         asked = mode;
         return false;
     };
-    Send(native, WM_CLOSE);
+    Send(native, WM_SYSCOMMAND, SC_CLOSE);
 
     EXPECT_EQ(asked, ui::UnloadMode::ControlMenu);
     EXPECT_TRUE(IsWindowVisible(native));
 }
 
+TEST_F(Window, CloseButtonWithTheSystemsOwnBits_AsksTheForm)
+{
+    auto asked = ui::UnloadMode::Code;
+    shown.form.onQueryUnload = [&](ui::UnloadMode mode) {
+        asked = mode;
+        return false;
+    };
+    Send(native, WM_SYSCOMMAND, SC_CLOSE | 3);
+
+    EXPECT_EQ(asked, ui::UnloadMode::ControlMenu);
+}
+
 TEST_F(Window, CloseButton_Unloads)
 {
-    Send(native, WM_CLOSE);
+    Send(native, WM_SYSCOMMAND, SC_CLOSE);
 
     EXPECT_FALSE(shown.form.Loaded());
     EXPECT_FALSE(IsWindowVisible(native));
+}
+
+TEST_F(Window, CloseMessageOfAnotherProgram_IsNotTheUsers)
+{
+    auto asked = ui::UnloadMode::ControlMenu;
+    shown.form.onQueryUnload = [&](ui::UnloadMode mode) {
+        asked = mode;
+        return true;
+    };
+    Send(native, WM_CLOSE);
+
+    EXPECT_EQ(asked, ui::UnloadMode::OtherProgram);
+    EXPECT_FALSE(shown.form.Loaded());
 }
 
 TEST_F(Window, MinimizedByTheUser_IsToldAndVanishes)

@@ -192,6 +192,14 @@ TEST_F(MainWindowLife, FormQueryUnload_EndOfTheDesktopSession_ClosesInSpiteOfMin
     EXPECT_EQ(Option("FirstTime"), "0");
 }
 
+TEST_F(MainWindowLife, FormQueryUnload_CloseMessageOfAnotherProgram_ClosesInSpiteOfMinimizeOnClose)
+{
+    Start();
+    EXPECT_TRUE(MainWindow().Unload(UnloadMode::OtherProgram));
+    EXPECT_FALSE(MainWindow().Loaded());
+    EXPECT_EQ(Option("FirstTime"), "0");
+}
+
 TEST_F(MainWindowLife, FormQueryUnload_WhileMonitoring_StopsWatchingTheClipboard)
 {
     PutOption("MonitorClipboard", "1");

@@ -79,6 +79,15 @@ TEST_F(End, ByTheKeyboardOfTheWindow_HidesTheWindowOnly)
     EXPECT_TRUE(parlune.IsRunning());
 }
 
+TEST_F(End, ByACloseMessageOfAnotherProgram_EndsInSpiteOfMinimizeOnClose)
+{
+    registry::PutOption("MinimizeOnClose", "1");
+    BeginShown();
+    PostMessageW(parlune.Main(), WM_CLOSE, 0, 0);
+
+    ExpectEndedWell();
+}
+
 TEST_F(End, OfTheSession_SavesTheOptions)
 {
     registry::PutOption("MinimizeOnClose", "1");

@@ -63,8 +63,9 @@ private:
 
 enum class WindowState { Normal = 0, Minimized = 1, Maximized = 2 };
 
-// Why a window is asked to close: by its own close command, by the program's code, or by the end of the session.
-enum class UnloadMode { ControlMenu = 0, Code = 1, Session = 2 };
+// Why a window is asked to close: by its own close command, by the program's code, by the end of the session, or by a
+// message of another program.
+enum class UnloadMode { ControlMenu = 0, Code = 1, Session = 2, OtherProgram = 3 };
 
 // A window. It is not there before Load, which runs its load procedure once; Unload asks QueryUnload, runs Unload and
 // leaves it unloaded. A window that is unloaded while its load procedure runs stays unloaded until that has ended.

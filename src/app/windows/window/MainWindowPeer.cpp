@@ -11,6 +11,7 @@ namespace {
 constexpr UINT MinimizeMessage = WM_APP + 10;
 constexpr UINT DpiChangedMessage = 0x02E0;  // Of later systems.
 constexpr UINT_PTR AnnouncementTimer = 1;
+constexpr WPARAM SystemCommandBits = 0xFFF0;  // The system uses the others itself.
 
 RECT WorkArea(HWND window)
 {
@@ -239,8 +240,13 @@ LRESULT CMainWindowPeer::Handle(const Message& message)
 std::optional<LRESULT> CMainWindowPeer::HandleAsWindow(const Message& message)
 {
     switch (message.code) {
-    case WM_CLOSE:
+    case WM_SYSCOMMAND:
+        if ((message.w & SystemCommandBits) != SC_CLOSE)
+            return std::nullopt;
         m_form.Unload(ui::UnloadMode::ControlMenu);
+        return 0;
+    case WM_CLOSE:  // Sent by another program, for the user's own is a system command.
+        m_form.Unload(ui::UnloadMode::OtherProgram);
         return 0;
     case WM_ENDSESSION:
         if (message.w)
