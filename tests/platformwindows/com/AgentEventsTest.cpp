@@ -144,6 +144,65 @@ TEST_F(AgentEvents, Command_Raised_GivesEveryMemberOfTheInput)
     EXPECT_EQ(Heard(), Lines{"Command Bot Stop/stop it a/av b/bv 3 -39 -50 -60"});
 }
 
+TEST_F(AgentEvents, Command_OfAnInputThatAnswersOnlyDuringItsEvent_ArrivesWhole)
+{
+    const TestRef input = New("Input");
+    for (const wchar_t* text : {L"CharacterID", L"Name", L"Voice", L"Alt1Name", L"Alt1Voice", L"Alt2Name", L"Alt2Voice"})
+        input->answers[text] = Giving(T("x"));
+    for (const wchar_t* number : {L"Count", L"Confidence", L"Alt1Confidence", L"Alt2Confidence"})
+        input->answers[number] = Giving(L(7));
+    control->Raise(CommandID, {input->Value()});
+    for (auto& [member, answer] : input->answers)
+        answer = Failing(RPC_E_DISCONNECTED);
+    EXPECT_EQ(Heard(), Lines{"Command x x/x x/x x/x 7 7 7 7"});
+}
+
+TEST_F(AgentEvents, Command_OfAnInputWithAMemberThatFails_FailsWhenThatIsAskedFor)
+{
+    struct CAsking final : platform::ICharacterEngineEvents {
+        void Command(const platform::IUserInput& input) override
+        {
+            failure = FailureNumber([&] { input.Name(); });
+            confidence = input.Confidence();
+        }
+        std::int32_t failure = 0, confidence = 0;
+    } asking;
+    const TestRef input = New("Input");
+    input->answers = {{L"Name", Failing(E_OUTOFMEMORY)}, {L"Confidence", Giving(L(50))}};
+    engine->SetEvents(&asking);
+    control->Raise(CommandID, {input->Value()});
+    RunMessages();
+    EXPECT_NE(asking.failure, 0);
+    EXPECT_EQ(asking.confidence, 50);
+}
+
+TEST_F(AgentEvents, Event_ThatComesWhileAnotherIsRead_ArrivesAfterIt)
+{
+    const TestRef input = New("Input");
+    input->answers[L"Name"] = [&](const CallOfMember& call) {
+        control->Raise(BookmarkID, {L(2)});
+        RunMessages();
+        return Giving(T("Stop"))(call);
+    };
+    control->Raise(BookmarkID, {L(1)});
+    control->Raise(CommandID, {input->Value()});
+    ASSERT_EQ(Heard().size(), 3u);
+    EXPECT_EQ(recorder.lines[0], "Bookmark 1");
+    EXPECT_EQ(recorder.lines[1].substr(0, 7), "Command");
+    EXPECT_EQ(recorder.lines[2], "Bookmark 2");
+}
+
+TEST_F(AgentEvents, EngineThatGoesWhileAnEventIsRead_DeliversNothing)
+{
+    const TestRef input = New("Input");
+    input->answers[L"Name"] = [&](const CallOfMember&) {
+        engine.reset();
+        return S_OK;
+    };
+    control->Raise(CommandID, {input->Value()});
+    EXPECT_EQ(Heard(), Lines{});
+}
+
 TEST_F(AgentEvents, Arguments_ByReferenceAndOfOtherTypes_AreConverted)
 {
     const CBstr id(std::string_view("Bot"));
@@ -354,6 +413,45 @@ TEST_F(AgentEvents, Request_ThatCompletesBeforeTheCallReturns_IsTheReturnedOne)
     RunMessages();
     ASSERT_EQ(recorder.requests.size(), 1u);
     EXPECT_EQ(recorder.requests[0].get(), returned.get());
+}
+
+TEST_F(AgentEvents, Request_ThatAnswersOnlyDuringItsEvent_KeepsItsNumberAndOutcome)
+{
+    const TestRef request = NewRequest(5);
+    character->answers[L"Speak"] = Giving(request->Value());
+    const RequestRef returned = engine->Characters()->Character("Bot")->Speak("Hi", std::nullopt);
+    request->answers[L"Status"] = Giving(L(1));
+    control->Raise(RequestCompleteID, {request->Value()});
+    for (auto& [member, answer] : request->answers)
+        answer = Failing(RPC_E_DISCONNECTED);
+    EXPECT_EQ(Heard(), Lines{"RequestComplete 5"});
+    EXPECT_EQ(returned->Status(), platform::RequestStatus::Failed);
+}
+
+TEST_F(AgentEvents, Request_InAnotherObjectThatAnswersOnlyDuringItsEvent_GivesItsOutcomeToTheReturnedOne)
+{
+    const TestRef request = NewRequest(5);
+    const TestRef twin = NewRequest(5);
+    twin->answers[L"Status"] = Giving(L(3));
+    character->answers[L"Speak"] = Giving(request->Value());
+    const RequestRef returned = engine->Characters()->Character("Bot")->Speak("Hi", std::nullopt);
+    control->Raise(RequestCompleteID, {twin->Value()});
+    for (auto& [member, answer] : twin->answers)
+        answer = Failing(RPC_E_DISCONNECTED);
+    RunMessages();
+    ASSERT_EQ(recorder.requests.size(), 1u);
+    EXPECT_EQ(recorder.requests[0]->Status(), platform::RequestStatus::Interrupted);
+    EXPECT_EQ(recorder.requests[0].get(), returned.get());
+}
+
+TEST_F(AgentEvents, Request_StillRunningAtItsEvent_IsAskedAnew)
+{
+    const TestRef request = NewRequest(5);
+    control->Raise(RequestCompleteID, {request->Value()});
+    RunMessages();
+    request->answers[L"Status"] = Giving(L(0));
+    ASSERT_EQ(recorder.requests.size(), 1u);
+    EXPECT_EQ(recorder.requests[0]->Status(), platform::RequestStatus::Completed);
 }
 
 TEST_F(AgentEvents, Request_ThatNobodyKeeps_IsHeldUntilItHasCompleted)

@@ -45,8 +45,8 @@ Delivery Size(const CEventArguments& arguments, const RequestsRef&)
 
 Delivery RequestStart(const CEventArguments& arguments, const RequestsRef& requests)
 {
-    return [object = arguments.Object(0), requests](Events& receiver) {
-        const AgentRequestRef request = requests->Of(object);
+    return [told = requests->ToldOf(arguments.Object(0)), requests](Events& receiver) {
+        const AgentRequestRef request = requests->Of(told);
         requests->Started(request);
         receiver.RequestStart(request);
     };
@@ -54,8 +54,10 @@ Delivery RequestStart(const CEventArguments& arguments, const RequestsRef& reque
 
 Delivery RequestComplete(const CEventArguments& arguments, const RequestsRef& requests)
 {
-    return [object = arguments.Object(0), requests](Events& receiver) {
-        const AgentRequestRef request = requests->Of(object);
+    const AgentRequestRef told = requests->ToldOf(arguments.Object(0));
+    told->ReadOutcome();
+    return [told, requests](Events& receiver) {
+        const AgentRequestRef request = requests->Of(told);
         requests->Completed(request);
         receiver.RequestComplete(request);
     };
@@ -63,7 +65,9 @@ Delivery RequestComplete(const CEventArguments& arguments, const RequestsRef& re
 
 Delivery Command(const CEventArguments& arguments, const RequestsRef&)
 {
-    return [object = arguments.Object(0)](Events& receiver) { receiver.Command(CAgentUserInput(object)); };
+    return [input = std::make_shared<const CAgentUserInput>(arguments.Object(0))](Events& receiver) {
+        receiver.Command(*input);
+    };
 }
 
 Delivery Bookmark(const CEventArguments& arguments, const RequestsRef&)

@@ -11,7 +11,8 @@ namespace platform::windowsdesktop::com {
 std::wstring_view EventName(DISPID id);  // "" for an unknown one.
 bool IsEventName(std::wstring_view name);
 
-// What delivers the event of that name; empty for one that nobody wants. Throws CFailure when the arguments do not fit.
+// What delivers the event of that name; empty for one that nobody wants. What the event carries is read now, while the
+// engine tells of it, by calls that may let other events in. Throws CFailure when the arguments do not fit.
 Delivery DeliveryOf(std::wstring_view name, const CEventArguments& arguments, const RequestsRef& requests);
 
 }

@@ -27,13 +27,34 @@ std::int32_t CAgentRequest::ID() const
     return *m_id;
 }
 
-RequestStatus CAgentRequest::Status() const
+RequestStatus CAgentRequest::Status() const { return m_outcome ? *m_outcome : AskStatus(); }
+
+RequestStatus CAgentRequest::AskStatus() const
 {
     const std::int32_t status = m_request.Get(L"Status").Long();
     if (status < static_cast<std::int32_t>(RequestStatus::Completed) ||
         status > static_cast<std::int32_t>(RequestStatus::InProgress))
         throw failure::InvalidPropertyValue();
     return static_cast<RequestStatus>(status);
+}
+
+void CAgentRequest::ReadID() const { static_cast<void>(IDOf(*this)); }
+
+void CAgentRequest::ReadOutcome()
+{
+    try {
+        const RequestStatus status = AskStatus();
+        if (status != RequestStatus::Pending && status != RequestStatus::InProgress)
+            m_outcome = status;
+    } catch (const CFailure&) {
+        return;
+    }
+}
+
+void CAgentRequest::Learn(const CAgentRequest& same)
+{
+    if (!m_outcome)
+        m_outcome = same.m_outcome;
 }
 
 RequestRef CAgentRequests::Made(const std::string& characterID, const CVariant& answer)
@@ -49,14 +70,25 @@ RequestRef CAgentRequests::Made(const std::string& characterID, const CVariant& 
     return request;
 }
 
-AgentRequestRef CAgentRequests::Of(const CInterface<IDispatch>& object)
+AgentRequestRef CAgentRequests::ToldOf(const CInterface<IDispatch>& object)
 {
-    if (AgentRequestRef known = Known(Identity(object)))
-        return known;
-    auto unknown = std::make_shared<CAgentRequest>(object);
-    const std::optional<std::int32_t> id = IDOf(*unknown);
-    AgentRequestRef same = id ? KnownByID(*id) : nullptr;
-    return same ? same : unknown;
+    AgentRequestRef told = Known(Identity(object));
+    if (!told)
+        told = std::make_shared<CAgentRequest>(object);
+    told->ReadID();
+    return told;
+}
+
+AgentRequestRef CAgentRequests::Of(const AgentRequestRef& told)
+{
+    AgentRequestRef same = Known(Identity(told->Object()));
+    if (!same)
+        if (const std::optional<std::int32_t> id = IDOf(*told))
+            same = KnownByID(*id);
+    if (!same)
+        return told;
+    same->Learn(*told);
+    return same;
 }
 
 void CAgentRequests::Started(const AgentRequestRef& request)

@@ -8,7 +8,8 @@
 
 namespace platform::windowsdesktop::com {
 
-// A request of the engine; its answers are asked for anew each time.
+// A request of the engine. Its answers are asked for anew each time; the outcome, which never changes, only until it is
+// known.
 class CAgentRequest final : public IRequest {
 public:
     explicit CAgentRequest(CInterface<IDispatch> request) : m_request(std::move(request)) {}
@@ -17,10 +18,18 @@ public:
     std::int32_t Number() const override { return m_request.Get(L"Number").Long(); }
     std::string Description() const override { return m_request.Get(L"Description").Text(); }
     const CInterface<IDispatch>& Object() const { return m_request.Object(); }
+    // Number and outcome, read now and kept. Who asks later gets what could not be read from the engine, or its failure.
+    void ReadID() const;
+    void ReadOutcome();
+    // Takes over the outcome that another object of the same request has read.
+    void Learn(const CAgentRequest& same);
 
 private:
+    RequestStatus AskStatus() const;
+
     CDispatch m_request;
     mutable std::optional<std::int32_t> m_id;  // Never changes.
+    std::optional<RequestStatus> m_outcome;
 };
 using AgentRequestRef = std::shared_ptr<CAgentRequest>;
 
@@ -31,8 +40,11 @@ class CAgentRequests {
 public:
     // The request that a call for a character answered with. Throws CFailure when the answer is none.
     RequestRef Made(const std::string& characterID, const CVariant& answer);
-    // The request that an event speaks of: the one that the call returned, or a new one when it is not known.
-    AgentRequestRef Of(const CInterface<IDispatch>& object);
+    // The request of an object that an event hands over, with its number read. Inside a call that makes the request it is
+    // not known yet: so ask for it when the event is delivered.
+    AgentRequestRef ToldOf(const CInterface<IDispatch>& object);
+    // The request that the event speaks of: the one that the call returned, or that of the event when none is known.
+    AgentRequestRef Of(const AgentRequestRef& told);
     // One that starts tells that its character's former ones have ended, should no event have said so.
     void Started(const AgentRequestRef& request);
     void Completed(const AgentRequestRef& request);

@@ -9,12 +9,22 @@ constexpr UINT DeliverMessage = WM_APP;
 
 }
 
-void CEventQueue::Add(Delivery delivery)
+CEventQueue::Place CEventQueue::Reserve()
 {
-    if (m_closed)
-        return;
-    m_deliveries.push_back(std::move(delivery));
-    Announce();
+    auto place = std::make_shared<Delivery>();
+    if (!m_closed)
+        m_deliveries.push_back(place);
+    return place;
+}
+
+void CEventQueue::Fill(const Place& place, Delivery delivery)
+{
+    if (delivery)
+        *place = std::move(delivery);
+    else
+        std::erase(m_deliveries, place);
+    if (NextIsReady())
+        Announce();
 }
 
 void CEventQueue::Announce()
@@ -40,18 +50,18 @@ bool CEventQueue::Receive(UINT message, WPARAM wParam)
 
 void CEventQueue::DeliverNext()
 {
-    if (m_deliveries.empty())
+    if (!NextIsReady())
         return;
     if (COutgoingCall::InProgress()) {  // The call's own loop has found the message.
         Announce();
         return;
     }
-    const Delivery delivery = std::move(m_deliveries.front());
+    const Place next = m_deliveries.front();
     m_deliveries.pop_front();
-    if (!m_deliveries.empty())
+    if (NextIsReady())
         Announce();
     ICharacterEngineEvents nobody;
-    delivery(m_receiver ? *m_receiver : nobody);
+    (*next)(m_receiver ? *m_receiver : nobody);
 }
 
 void CEventQueue::Close()

@@ -4,6 +4,7 @@
 #include <deque>
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace platform::windowsdesktop::com {
 
@@ -15,7 +16,12 @@ using Delivery = std::function<void(ICharacterEngineEvents& receiver)>;
 class CEventQueue final : public IMessageReceiver, public std::enable_shared_from_this<CEventQueue> {
 public:
     CEventQueue() : m_window(*this) {}
-    void Add(Delivery delivery);
+    void Add(Delivery delivery) { Fill(Reserve(), std::move(delivery)); }
+    // A place behind all others, for an event that is still being read; it and those behind it wait until it is filled. An
+    // empty delivery gives the place up.
+    using Place = std::shared_ptr<Delivery>;
+    Place Reserve();
+    void Fill(const Place& place, Delivery delivery);
     // Borrowed; null for nobody: events then end here.
     void SetReceiver(ICharacterEngineEvents* receiver) { m_receiver = receiver; }
     // Nothing is delivered any more.
@@ -23,10 +29,11 @@ public:
     bool Receive(UINT message, WPARAM wParam) override;
 
 private:
+    bool NextIsReady() const { return !m_deliveries.empty() && *m_deliveries.front(); }
     void Announce();
     void DeliverNext();
 
-    std::deque<Delivery> m_deliveries;
+    std::deque<Place> m_deliveries;
     ICharacterEngineEvents* m_receiver = nullptr;
     bool m_announced = false;  // A message is on its way.
     bool m_closed = false;

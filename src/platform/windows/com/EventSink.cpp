@@ -63,15 +63,25 @@ std::wstring_view CEventSink::NameOf(DISPID member) const
 }
 
 // An event that cannot be understood is none: the engine has nothing to learn from our answer.
-HRESULT CEventSink::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*, UINT*)
+Delivery CEventSink::Read(DISPID member, const DISPPARAMS* parameters) const
 {
+    const RequestsRef requests = m_requests;  // The end may come while the event is being read.
     try {
-        if (m_queue)
-            if (Delivery delivery = DeliveryOf(NameOf(member), CEventArguments(parameters), m_requests))
-                m_queue->Add(std::move(delivery));
+        return DeliveryOf(NameOf(member), CEventArguments(parameters), requests);
     } catch (...) {
-        return S_OK;
+        return {};
     }
+}
+
+// Others may come while the event is being read: it has its place before.
+HRESULT CEventSink::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*, UINT*)
+try {
+    if (const EventQueueRef queue = m_queue) {
+        const CEventQueue::Place place = queue->Reserve();
+        queue->Fill(place, Read(member, parameters));
+    }
+    return S_OK;
+} catch (...) {
     return S_OK;
 }
 

@@ -26,6 +26,7 @@ public:
 private:
     virtual ~CEventSink() = default;
     std::wstring_view NameOf(DISPID member) const;
+    Delivery Read(DISPID member, const DISPPARAMS* parameters) const;
 
     EventInterface m_events;
     EventQueueRef m_queue;  // Null when closed.
