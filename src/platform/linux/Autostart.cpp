@@ -2,9 +2,7 @@
 #include "platform/linux/UserFolders.h"
 #include "platform/linux/WholeFile.h"
 #include "platform/text/DesktopEntry.h"
-#include <cerrno>
 #include <filesystem>
-#include <unistd.h>
 
 namespace platform::linuxdesktop {
 
@@ -38,9 +36,6 @@ bool CAutostart::SwitchOn()
            ReplaceWhole(m_file, text::AutostartEntry(m_program), Survives::PowerLoss) == 0;
 }
 
-bool CAutostart::SwitchOff()
-{
-    return IsSwitchedOffByUser() || ::unlink(m_file.c_str()) == 0 || errno == ENOENT || errno == ENOTDIR;
-}
+bool CAutostart::SwitchOff() { return IsSwitchedOffByUser() || RemoveFile(m_file) == 0; }
 
 }

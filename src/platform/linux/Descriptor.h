@@ -6,6 +6,16 @@
 
 namespace platform::linuxdesktop {
 
+// Makes a system call, again and again while a signal interrupts it: network file systems and those of other programs let
+// that happen to any call.
+template <class Call> auto Uninterrupted(Call call)
+{
+    auto result = call();
+    while (result < 0 && errno == EINTR)
+        result = call();
+    return result;
+}
+
 // An open file, closed with this object.
 class CDescriptor {
 public:
@@ -29,9 +39,7 @@ private:
 inline bool WriteAll(int descriptor, std::string_view bytes)
 {
     while (!bytes.empty()) {
-        const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-        if (written < 0 && errno == EINTR)
-            continue;
+        const ssize_t written = Uninterrupted([&] { return ::write(descriptor, bytes.data(), bytes.size()); });
         if (written <= 0)
             return false;
         bytes.remove_prefix(static_cast<std::size_t>(written));

@@ -94,8 +94,10 @@ CLinuxRegistry::Stamp CLinuxRegistry::StampNow() const
 
 void CLinuxRegistry::ReadAgainIfChanged()
 {
-    if (!(StampNow() == m_stamp))
+    const bool mayHavePassed = !m_readable && !m_answeredBlind;
+    if (mayHavePassed || !(StampNow() == m_stamp))
         Load();
+    m_answeredBlind = !m_readable;
 }
 
 void CLinuxRegistry::Load()
@@ -156,12 +158,16 @@ bool CLinuxRegistry::Flush()
 {
     if (!m_awaitsFlush)
         return true;
-    if (!FlushToDisk(m_file))
+    // What could not be flushed may be gone from the system's memory, and the next flush would not tell.
+    if (m_flushFailed && !Store(m_tree))
         return false;
-    m_awaitsFlush = false;
+    m_flushFailed = !FlushToDisk(m_file);
+    if (m_flushFailed)
+        return false;
     int error = 0;
     const auto bytes = ReadWhole(m_file, error);
-    return bytes && ReplaceWhole(BackupOf(m_file), *bytes, Survives::PowerLoss) == 0;
+    m_awaitsFlush = !bytes || ReplaceWhole(BackupOf(m_file), *bytes, Survives::PowerLoss) != 0;
+    return !m_awaitsFlush;
 }
 
 std::unique_ptr<IRegistryKey> CLinuxRegistry::Open(Root root, std::string_view path)
@@ -224,7 +230,14 @@ bool CLinuxRegistry::Set(Root root, const std::string& path, const ValueName& na
         tree.CreateKey(root, path);
     if (IsEngineClass(root, path) || !tree.Set(root, path, name.value_or(""), std::move(data)))
         return false;
-    return (!IsRunValue(root, path, name) || m_autostart.SwitchOn()) && Store(std::move(tree));
+    if (!IsRunValue(root, path, name))
+        return Store(std::move(tree));
+    const bool wasOn = m_autostart.IsOn();
+    if (m_autostart.SwitchOn() && Store(std::move(tree)))
+        return true;
+    if (!wasOn)
+        m_autostart.SwitchOff();
+    return false;
 }
 
 bool CLinuxRegistry::DeleteValue(Root root, const std::string& path, const ValueName& name)

@@ -15,7 +15,8 @@ namespace platform::linuxdesktop {
 //
 // The state of the last Flush is kept beside the file as "NAME.bak". A file that is damaged or cut short is read as far as
 // possible, completed from there, kept under a name of its own ("NAME.damaged") and written anew. A file that cannot be
-// read at all is left alone: the registry then is empty and refuses every write.
+// read at all is left alone: the registry then is empty and refuses every write. At the first question the reading is tried
+// once more.
 class CLinuxRegistry final : public IRegistry {
 public:
     CLinuxRegistry(std::string file, CAutostart autostart);
@@ -57,7 +58,9 @@ private:
     text::CRegistryTree m_assumed;
     Stamp m_stamp;
     bool m_readable = true;
+    bool m_answeredBlind = false;  // Somebody was told that nothing is there while the file could not be read.
     bool m_awaitsFlush = false;
+    bool m_flushFailed = false;
     std::function<void()> m_changed;
 };
 

@@ -1,4 +1,6 @@
 #include "platform/linux/UserFolders.h"
+#include "platform/linux/WholeFile.h"
+#include <cerrno>
 #include <cstdlib>
 #include <filesystem>
 #include <pwd.h>
@@ -58,7 +60,12 @@ bool MakeUserFolders(const std::string& path)
     std::error_code ignored;
     if (path.empty() || std::filesystem::is_directory(path, ignored))
         return !path.empty();
-    return MakeUserFolders(std::filesystem::path(path).parent_path().string()) && ::mkdir(path.c_str(), 0700) == 0;
+    if (!MakeUserFolders(std::filesystem::path(path).parent_path().string()))
+        return false;
+    const bool made = ::mkdir(path.c_str(), 0700) == 0;
+    if (made)
+        FlushToDisk(path);  // What will be flushed in it is lost with it. Not every file system can flush folders.
+    return made || errno == EEXIST;
 }
 
 std::string ProgramFile()

@@ -35,11 +35,14 @@ std::string FolderOf(const std::string& path)
     return folder.empty() ? "." : folder;
 }
 
-// The file behind links, so that a settings file kept elsewhere stays there.
-std::string BehindLinks(const std::string& path)
+// Finds the file behind links, so that a settings file kept elsewhere stays there. Returns 0 or the errno: a link that
+// cannot be followed now is no reason to replace it.
+int FindBehindLinks(const std::string& path, std::string& place)
 {
     const std::unique_ptr<char, void (*)(void*)> real(::realpath(path.c_str(), nullptr), std::free);
-    return real ? real.get() : path;
+    const int error = real ? 0 : errno;
+    place = real ? real.get() : path;
+    return error == ENOENT ? 0 : error;
 }
 
 // A file that nobody may write is not replaced either, nor one that this user may not write.
@@ -63,24 +66,34 @@ std::string NameBeside(const std::string& place)
     return FolderOf(place) + "/." + name + "." + std::to_string(::getpid()) + "-" + std::to_string(++number) + ".parlune";
 }
 
-mode_t ModeFor(const std::string& path)
+// The mode of a file that is to be replaced. Returns 0 or the errno: a private file that cannot be looked at now stays
+// private.
+int FindMode(const std::string& path, mode_t& mode)
 {
     struct stat status = {};
-    return ::stat(path.c_str(), &status) == 0 ? status.st_mode & 0777u : NewFileMode;
+    const int error = ::stat(path.c_str(), &status) == 0 ? 0 : errno;
+    mode = error == 0 ? status.st_mode & 0777u : NewFileMode;
+    return error == ENOENT ? 0 : error;
 }
 
-bool SyncPath(const std::string& path, int flags)
+int OpenFile(const char* path, int flags, mode_t mode = 0)
 {
-    const CDescriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | flags));
-    return file.Open() && ::fsync(file.Get()) == 0;
+    return Uninterrupted([&] { return ::open(path, flags | O_CLOEXEC, mode); });
 }
+
+bool Sync(const CDescriptor& file)
+{
+    return file.Open() && Uninterrupted([&] { return ::fsync(file.Get()); }) == 0;
+}
+
+bool SyncPath(const std::string& path, int flags) { return Sync(CDescriptor(OpenFile(path.c_str(), O_RDONLY | flags))); }
 
 // Writes a new file completely. Returns 0 or the errno.
 int WriteNew(const char* name, const std::string& bytes, mode_t mode, Survives survives)
 {
-    CDescriptor file(::open(name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode));
+    CDescriptor file(OpenFile(name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, mode));
     const bool written = file.Open() && WriteAll(file.Get(), bytes) && ::fchmod(file.Get(), mode) == 0 &&
-                         (survives == Survives::ProcessEnd || ::fsync(file.Get()) == 0) && file.Close();
+                         (survives == Survives::ProcessEnd || Sync(file)) && file.Close();
     return written ? 0 : errno;
 }
 
@@ -100,9 +113,7 @@ std::optional<std::string> ReadFrom(const CDescriptor& file, int& error)
     for (std::size_t used = 0;;) {
         const std::size_t expected = static_cast<std::size_t>(status.st_size) + 1;
         bytes.resize(used < expected ? expected : used + ReadAtOnce);
-        const ssize_t got = ::read(file.Get(), bytes.data() + used, bytes.size() - used);
-        if (got < 0 && errno == EINTR)
-            continue;
+        const ssize_t got = Uninterrupted([&] { return ::read(file.Get(), bytes.data() + used, bytes.size() - used); });
         if (got < 0) {
             error = errno;
             return std::nullopt;
@@ -157,16 +168,21 @@ std::optional<std::string> ReadWhole(const std::string& path, int& error)
         error = EINVAL;
         return std::nullopt;
     }
-    return ReadFrom(CDescriptor(::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)), error);
+    return ReadFrom(CDescriptor(OpenFile(path.c_str(), O_RDONLY | O_NONBLOCK)), error);
 }
 
 int ReplaceWhole(const std::string& path, const std::string& bytes, Survives survives)
 {
     if (HasZero(path))
         return EINVAL;
-    const std::string place = BehindLinks(path);
+    std::string place;
+    mode_t mode = 0;
+    if (const int error = FindBehindLinks(path, place))
+        return error;
+    if (const int error = FindMode(place, mode))
+        return error;
     const CTemporaryName complete(place + ".new");
-    if (const int error = WriteNew(complete.Name(), bytes, ModeFor(place), survives))
+    if (const int error = WriteNew(complete.Name(), bytes, mode, survives))
         return error;
     if (::rename(complete.Name(), place.c_str()) != 0)
         return errno;
@@ -179,16 +195,20 @@ int ReplaceDocument(const std::string& path, std::string_view text, std::string_
 {
     if (HasZero(path))
         return EINVAL;
-    const std::string place = BehindLinks(path);
+    std::string place;
+    if (const int error = FindBehindLinks(path, place))
+        return error;
     if (const int error = MayBeReplaced(place))
         return error;
     const CTemporaryName complete(NameBeside(place));
     // A new document gets the mode that the user's own mask leaves.
-    CDescriptor file(::open(complete.Name(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666));
+    CDescriptor file(OpenFile(complete.Name(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0666));
     struct stat former = {};
     const bool existed = ::stat(place.c_str(), &former) == 0;
+    if (!existed && errno != ENOENT)
+        return errno;
     const bool written = file.Open() && (!existed || ::fchmod(file.Get(), former.st_mode & 07777u) == 0) &&
-                         WriteAll(file.Get(), text) && WriteAll(file.Get(), end) && ::fsync(file.Get()) == 0 && file.Close();
+                         WriteAll(file.Get(), text) && WriteAll(file.Get(), end) && Sync(file) && file.Close();
     if (!written || ::rename(complete.Name(), place.c_str()) != 0)
         return errno;
     SyncPath(FolderOf(place), O_DIRECTORY);
@@ -212,10 +232,18 @@ int CopyToNewPlace(const std::string& from, const std::string& to)
     return ::access(to.c_str(), F_OK) == 0 ? EEXIST : (::rename(complete.Name(), to.c_str()) == 0 ? 0 : errno);
 }
 
+int RemoveFile(const std::string& path)
+{
+    if (::unlink(path.c_str()) != 0)
+        return errno == ENOENT || errno == ENOTDIR ? 0 : errno;
+    SyncPath(FolderOf(path), O_DIRECTORY);
+    return 0;
+}
+
 bool FlushToDisk(const std::string& path)
 {
-    const std::string place = BehindLinks(path);
-    return SyncPath(place, 0) && SyncPath(FolderOf(place), O_DIRECTORY);
+    std::string place;
+    return FindBehindLinks(path, place) == 0 && SyncPath(place, 0) && SyncPath(FolderOf(place), O_DIRECTORY);
 }
 
 }

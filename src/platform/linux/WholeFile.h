@@ -30,6 +30,9 @@ int ReplaceDocument(const std::string& path, std::string_view text, std::string_
 // Copies a file to a place where there is none yet; the copy appears there complete. Returns 0 or the `errno`.
 int CopyToNewPlace(const std::string& from, const std::string& to);
 
+// Removes a file; what is not there needs no removing. Returns 0 or the `errno`. It stays away after a loss of power, too.
+int RemoveFile(const std::string& path);
+
 // Writes what the system still holds back of a file and of its folder to the disk. False when that fails.
 bool FlushToDisk(const std::string& path);
 
