@@ -14,8 +14,10 @@ enum class RequestStatus : std::int32_t { Completed = 0, Failed = 1, Pending = 2
 
 namespace engineError {
 constexpr std::int32_t Code(std::uint32_t code) { return static_cast<std::int32_t>(code); }
+inline constexpr std::int32_t Unexpected = Code(0x8000FFFF);
 inline constexpr std::int32_t FileNotFound = Code(0x80070002);
 inline constexpr std::int32_t InvalidData = Code(0x8007000D);
+inline constexpr std::int32_t OutOfMemory = Code(0x8007000E);
 inline constexpr std::int32_t InvalidArgument = Code(0x80070057);
 inline constexpr std::int32_t BadCharacterID = Code(0x80042002);
 inline constexpr std::int32_t NoSuchAnimation = Code(0x80042003);

@@ -1,4 +1,5 @@
 #include "engine/base/Postbox.h"
+#include <new>
 
 namespace engine {
 
@@ -29,9 +30,20 @@ void CPostbox::DeliverOne()
     const std::function<void()> call = std::move(m_calls.front());
     m_calls.pop_front();
     // Before the call: it may pump the event loop and wait for the very next one.
-    if (!m_calls.empty())
-        Schedule();
+    ScheduleIfPossible();
     call();
+    if (!m_calls.empty() && !m_timer.Running())
+        Schedule();
+}
+
+void CPostbox::ScheduleIfPossible()
+{
+    try {
+        if (!m_calls.empty())
+            Schedule();
+    } catch (const std::bad_alloc&) {
+        m_timer.Stop();
+    }
 }
 
 }

@@ -17,6 +17,7 @@ public:
 
 private:
     void Schedule();
+    void ScheduleIfPossible();
     void DeliverOne();
 
     CTimer m_timer;

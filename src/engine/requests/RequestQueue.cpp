@@ -1,4 +1,5 @@
 #include "engine/requests/RequestQueue.h"
+#include "engine/base/Failures.h"
 #include "platform/Failure.h"
 #include <algorithm>
 
@@ -6,6 +7,20 @@ namespace engine {
 
 using platform::RequestStatus;
 namespace engineError = platform::engineError;
+
+namespace {
+// True from here to the end of a block, however it is left.
+class CWhile {
+public:
+    explicit CWhile(bool& value) : m_value(value) { m_value = true; }
+    ~CWhile() { m_value = false; }
+    CWhile(const CWhile&) = delete;
+    CWhile& operator=(const CWhile&) = delete;
+
+private:
+    bool& m_value;
+};
+}
 
 CRequestQueue::CRequestQueue(CPostbox& postbox, IWorker& worker, IRequestEvents& events)
     : m_postbox(postbox), m_worker(worker), m_events(events)
@@ -19,8 +34,19 @@ std::shared_ptr<CRequest> CRequestQueue::Add(WorkItem item, std::int32_t id)
     item.request = request;
     m_waiting.push_back(std::move(item));
     if (!m_running && !m_performing)
-        TakeNext();
+        TakeUp();
     return request;
+}
+
+// The program hears of a failure at once, and the queue goes on.
+void CRequestQueue::TakeUp()
+{
+    try {
+        TakeNext();
+    } catch (...) {
+        Fail(NumberOfFailure());
+        throw;
+    }
 }
 
 void CRequestQueue::TakeNext()
@@ -34,9 +60,21 @@ void CRequestQueue::TakeNext()
     if (const auto request = m_running->request.lock())
         request->Set(RequestStatus::InProgress, 0);
     m_events.Started(m_running->request);
-    m_performing = true;
+    const CWhile performing(m_performing);
     m_worker.Perform(*m_running);
-    m_performing = false;
+}
+
+void CRequestQueue::Fail(std::int32_t number)
+{
+    if (m_performing)
+        return;
+    if (m_running) {
+        WorkItem failed = std::move(*m_running);
+        m_running.reset();
+        m_worker.Interrupt(failed);
+        Complete(failed, RequestStatus::Failed, number);
+    }
+    TakeNext();
 }
 
 void CRequestQueue::Finish(RequestStatus status, std::int32_t number)

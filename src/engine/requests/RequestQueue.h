@@ -37,6 +37,9 @@ public:
     // told first.
     void Finish(platform::RequestStatus status, std::int32_t number = 0);
 
+    // What the running piece of work was about to do has thrown: it ends as failed, and the next one is taken up.
+    void Fail(std::int32_t number);
+
     // Interrupts and removes every piece of work that the filter accepts.
     void Stop(const WorkFilter& filter);
     // Ends or removes one request. Throws NotInQueue, NotARequest or OtherCharactersRequest.
@@ -49,6 +52,7 @@ public:
     WorkItem* Next() { return m_waiting.empty() ? nullptr : &m_waiting.front(); }
 
 private:
+    void TakeUp();
     void TakeNext();
     void StopRunning();
     void Complete(const WorkItem& item, platform::RequestStatus status, std::int32_t number);

@@ -48,6 +48,8 @@ public:
     platform::RequestRef Add(WorkItem item);
     void Stop(const platform::RequestRef& request);  // Null: everything but a running Show or Hide.
     void StopKinds(const std::set<WorkKind>& kinds);
+    // A step of what it does has thrown: the running request fails, and the next one is taken up.
+    void StepFailed(std::int32_t number) { m_queue.Fail(number); }
     void WorkAreaChanged();
     void UserSettingsChanged();
     // Takes the place of another character before anybody has seen this one: what the program has set, and the sight.

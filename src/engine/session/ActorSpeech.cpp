@@ -3,6 +3,7 @@
 #include "engine/speech/VoiceChoice.h"
 #include "platform/Failure.h"
 #include <algorithm>
+#include <new>
 
 // How a character finds its voice and what it is about to say.
 namespace engine {
@@ -83,15 +84,21 @@ void CActor::OrderVoice(PreparedSpeech& speech)
                                                     speech.spoken.segments);
 }
 
-// Has the next text synthesised while the character is still busy, so that no gap is heard between two texts.
+// Has the next text synthesised while the character is still busy, so that no gap is heard between two texts. Without memory
+// for it there is a gap.
 void CActor::PrefetchNext()
 {
     WorkItem* next = m_queue.Next();
     const WorkItem* running = m_queue.Running();
     if (next == nullptr || running == nullptr || next->kind != WorkKind::Speak || next->prepared || next->soundFile)
         return;
-    if (m_stage.Visible() && running->kind != WorkKind::Hide)
+    if (!m_stage.Visible() || running->kind == WorkKind::Hide)
+        return;
+    try {
         next->prepared = Prepare(*next);
+    } catch (const std::bad_alloc&) {
+        next->prepared.reset();
+    }
 }
 
 }

@@ -15,11 +15,16 @@ CCast::CCast(Core& core, ICharacterSource& source) : m_core(core), m_source(sour
         for (const auto& [id, seat] : m_seats)
             seat->actor->WorkAreaChanged();
     });
+    m_core.stepFailed = [this](std::int32_t number) {
+        for (const auto& [id, seat] : m_seats)
+            seat->actor->StepFailed(number);
+    };
     m_core.user->Watch(this, [this](const UserSettings& before) { UserSettingsChanged(before); });
 }
 
 CCast::~CCast()
 {
+    m_core.stepFailed = nullptr;
     m_core.user->Unwatch(this);
     m_core.host.Desktop().Unwatch(this);
 }

@@ -1,6 +1,7 @@
 #pragma once
 #include "engine/Engine.h"
 #include "engine/base/Postbox.h"
+#include "engine/session/GuardedHost.h"
 #include <utility>
 
 namespace engine {
@@ -8,9 +9,14 @@ namespace engine {
 // What all parts of one control share. Lives as long as the control.
 struct Core {
     Core(IHost& itsHost, EngineSettings itsSettings)
-        : host(itsHost), settings(std::move(itsSettings)),
+        : host(itsHost,
+               [this](std::int32_t number) {
+                   if (stepFailed)
+                       stepFailed(number);
+               }),
+          settings(std::move(itsSettings)),
           user(settings.user ? settings.user : std::make_shared<CUserSettings>(itsHost.SettingsFile())),
-          postbox(std::make_shared<CPostbox>(itsHost.Timers()))
+          postbox(std::make_shared<CPostbox>(host.Timers()))
     {
     }
     ~Core() { postbox->Close(); }
@@ -27,7 +33,9 @@ struct Core {
     }
     std::int32_t NewRequestID() { return ++lastRequestID; }
 
-    IHost& host;
+    CGuardedHost host;
+    // Told when a timer's call has thrown: what it was a step of would go on no more.
+    CGuardedTimers::Failed stepFailed;
     const EngineSettings settings;
     const std::shared_ptr<CUserSettings> user;
     std::shared_ptr<CPostbox> postbox;

@@ -7,8 +7,8 @@ TimerID CVirtualTime::CallLater(std::int32_t milliseconds, std::function<void()>
 {
     const TimerID id = ++m_last;
     const std::int64_t due = m_now + std::max(0, milliseconds);
-    m_calls.emplace(Key{due, id}, std::move(call));
     m_due.emplace(id, due);
+    m_calls.emplace(Key{due, id}, std::move(call));  // Last: a call that nobody has the number of is never made.
     return id;
 }
 

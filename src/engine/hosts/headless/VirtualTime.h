@@ -19,6 +19,7 @@ public:
     bool RunUntilIdle(std::int64_t mostMilliseconds);
     // Runs the timers that are due without letting time pass.
     void RunDue() { Advance(0); }
+    bool HasDue() const { return !m_calls.empty() && m_calls.begin()->first.first <= m_now; }
     std::size_t Waiting() const { return m_calls.size(); }
     std::uint64_t CallsMade() const { return m_made; }
 
