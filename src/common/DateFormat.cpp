@@ -147,10 +147,17 @@ Token TakeLiteral(std::string_view& format)
     return token;
 }
 
+// Most letters of a format begin no symbol, and each symbol is asked: the first letter decides nearly always.
+bool Begins(std::string_view format, std::string_view name)
+{
+    constexpr char SmallLetter = 'a' ^ 'A';
+    return (format.front() | SmallLetter) == name.front() && text::EqualIgnoringCase(format.substr(0, name.size()), name);
+}
+
 Token TakeToken(std::string_view& format)
 {
     for (const Symbol& symbol : Symbols)
-        if (text::EqualIgnoringCase(format.substr(0, symbol.name.size()), symbol.name)) {
+        if (Begins(format, symbol.name)) {
             const Token token{&symbol, format.substr(0, symbol.name.size())};
             format.remove_prefix(symbol.name.size());
             return token;
