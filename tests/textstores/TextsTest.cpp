@@ -129,6 +129,15 @@ TEST(JoinCommandLine, WordsWithBlanks_AreQuoted)
     EXPECT_EQ(JoinCommandLine({}), "");
 }
 
+// A backslash before the closing quote would take it for a part of the word.
+TEST(JoinCommandLine, AWordThatEndsWithBackslashes_SplitsIntoItself)
+{
+    const Words words{"C:\\my files\\", "x\"\\\\", "last"};
+
+    EXPECT_EQ(JoinCommandLine(words), "\"C:\\my files\"\\ \"x\\\"\"\\\\ last");
+    EXPECT_EQ(SplitCommandLine(JoinCommandLine(words)), words);
+}
+
 TEST(AutostartEntry, Program_IsQuotedForTheExecKey)
 {
     EXPECT_EQ(AutostartEntry("/opt/my \"50%\" $x\\/parlune"),

@@ -23,14 +23,16 @@ std::string TakeWord(std::string_view& rest)
     return word;
 }
 
+// Backslashes at the end stand behind the closing quote, which the last of them would make a part of the word.
 std::string Quoted(const std::string& word)
 {
     if (!word.empty() && word.find_first_of(" \t\"") == std::string::npos)
         return word;
+    const std::size_t end = word.find_last_not_of('\\') + 1;
     std::string quoted = "\"";
-    for (const char c : word)
+    for (const char c : std::string_view(word).substr(0, end))
         quoted += c == '"' ? std::string("\\\"") : std::string(1, c);
-    return quoted + '"';
+    return quoted + '"' + word.substr(end);
 }
 }
 
