@@ -1,6 +1,6 @@
 #include "platform/linux/LinuxClipboard.h"
 #include "platform/linux/ClipboardOwner.h"
-#include "platform/text/Encoding.h"
+#include "platform/text/ClipboardText.h"
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QMimeData>
@@ -52,16 +52,14 @@ bool CLinuxClipboard::HasText() const
     const QMimeData* content = QGuiApplication::clipboard()->mimeData(QClipboard::Clipboard);
     const QStringList formats = content ? content->formats() : QStringList();
     return std::any_of(formats.begin(), formats.end(),
-                       [](const QString& format) { return format.startsWith(QLatin1String("text/plain")); });
+                       [](const QString& format) { return text::IsTextFormat(format.toStdString()); });
 }
 
 std::string CLinuxClipboard::Text() const
 {
     if (!HasText())
         return "";
-    std::string text = QGuiApplication::clipboard()->text(QClipboard::Clipboard).toStdString();
-    text.erase(std::remove(text.begin(), text.end(), '\0'), text.end());
-    return text::WithCrLf(std::move(text));
+    return text::ClipboardText(QGuiApplication::clipboard()->text(QClipboard::Clipboard).toStdString());
 }
 
 bool CLinuxClipboard::IsSecret() const
@@ -70,7 +68,7 @@ bool CLinuxClipboard::IsSecret() const
         return false;
     const QString hint = QStringLiteral("x-kde-passwordManagerHint");
     const QMimeData* content = QGuiApplication::clipboard()->mimeData(QClipboard::Clipboard);
-    return content && content->hasFormat(hint) && content->data(hint) == "secret";
+    return content && content->hasFormat(hint) && text::SaysSecret(content->data(hint).toStdString());
 }
 
 // Elsewhere the toolkit hears of changes only while a window of the program has the focus, or never.
