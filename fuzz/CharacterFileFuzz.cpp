@@ -1,3 +1,4 @@
+#include "CharacterFileMutator.h"
 #include "engine/files/AcsReader.h"
 #include "platform/Failure.h"
 #include <cstdlib>

@@ -1,19 +1,13 @@
 #pragma once
+#include "Require.h"
 #include "character/CharacterState.h"
 #include "platform/headless/Desktop.h"
 #include "settings/Paths.h"
 #include "ui/frmParlune.h"
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <span>
 #include <string>
-
-inline void Require(bool truth)
-{
-    if (!truth)
-        std::abort();
-}
 
 // A fresh program with a settings file in which a test stores one option of the default character.
 struct DressedCharacter {

@@ -1,19 +1,13 @@
+#include "Require.h"
 #include "engine/base/Utf8.h"
 #include "engine/speech/SpeechTags.h"
 #include <algorithm>
-#include <cstdlib>
 
 // Any bytes make a speech whose parts fit together: valid text, words inside it and in order, settings in their ranges.
 namespace {
 
 using engine::SpokenText;
 using engine::TextPlace;
-
-void Require(bool truth)
-{
-    if (!truth)
-        std::abort();
-}
 
 void RequireWhole(std::string_view text)
 {

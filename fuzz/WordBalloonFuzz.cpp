@@ -1,17 +1,11 @@
+#include "Require.h"
 #include "engine/balloon/WordBalloon.h"
 #include "engine/base/Utf8.h"
 #include "engine/hosts/headless/HeadlessHost.h"
-#include <cstdlib>
 
 // A balloon of any style word, at any place and with any text: its window lies inside the work area where it fits, its lines
 // inside the text, and what it shows at the end is its last words.
 namespace {
-
-void Require(bool truth)
-{
-    if (!truth)
-        std::abort();
-}
 
 // Takes bytes from the front; zeros when none are left.
 class CBytes {

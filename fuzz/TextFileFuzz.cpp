@@ -1,0 +1,34 @@
+#include "Require.h"
+#include "platform/text/Encoding.h"
+#include "platform/text/Utf8.h"
+
+// Any bytes are a text: UTF-8 without NUL characters whose lines end with CR LF. What is such a text already stays.
+namespace {
+
+using namespace platform::text;
+
+bool HasMark(std::string_view bytes)
+{
+    return bytes.starts_with("\xEF\xBB\xBF") || bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+}
+
+void RequireLineEnds(const std::string& text)
+{
+    for (std::size_t at = text.find_first_of("\r\n"); at != std::string::npos; at = text.find_first_of("\r\n", at + 2))
+        Require(text.compare(at, 2, "\r\n") == 0);
+}
+
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+{
+    const std::string bytes(TextOf(data, size));
+    const std::string text = TextOfBytes(bytes);
+    Require(IsUtf8(text) && text.find('\0') == std::string::npos);
+    RequireLineEnds(text);
+    Require(HasMark(text) || TextOfBytes(text) == text);
+    Require(WithCrLf(WithLf(text)) == text && WithLf(text).find('\r') == std::string::npos);
+    if (!HasMark(bytes) && IsUtf8(bytes) && bytes.find_first_of(std::string_view("\r\0", 2)) == std::string::npos)
+        Require(WithLf(text) == bytes);
+    return 0;
+}
