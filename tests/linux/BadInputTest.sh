@@ -123,7 +123,7 @@ start_without_power() {
 read_text_file() {
     point_at_character
     xdotool click 3
-    sleep 0.3 # The menu takes the keyboard.
+    let_it_rest # The menu takes the keyboard.
     xdotool key f
     expect_within 10 "the dialog comes" file_dialog_visible || return
     xdotool windowactivate --sync "$(file_dialog)"

@@ -61,6 +61,7 @@ test_Options_ChangedByMouse_AreStored() {
 start_again() {
     parlune_start
     sleep 2
+    let_it_rest
     expect_not "the character is hidden at the start" character_visible
 }
 
@@ -90,7 +91,7 @@ expect_stored() { expect "$1 is $2, not $(stored_option "$1")" [ "$(stored_optio
 # turn_pages NUMBER [KEY]: a page takes the focus to one of its controls.
 turn_pages() {
     xdotool key --repeat "$1" --delay 300 "ctrl+${2:-Page_Down}"
-    sleep 0.5
+    let_it_rest
 }
 
 change_general_page() {

@@ -34,7 +34,7 @@ test_VoicePage_UsedByMouse_IsHeardAndStored() {
     copy_text "$short_text"
     expect_heard "Read Clipboard Now" click_at cmdReadClipboard
     go_to_tab voice
-    sleep 1 # The list fills.
+    let_it_rest # The list fills.
     click_at lstTTS # One of those in the middle.
     expect_heard "Test" click_at "cmdTTSVoice(0)"
     expect_not "a test stores nothing" setting_is_there TTSModeID
@@ -63,7 +63,7 @@ test_BalloonAndGreetingsPages_UsedByMouse_AreHeardAndStored() {
     companion_on_desktop
     open_options
     go_to_tab balloon
-    sleep 1 # The list fills.
+    let_it_rest # The list fills.
     type_into cboFontName "DejaVu Sans Mono"
     type_into cboFontSize 14
     type_into txtCharsPerLine 20
@@ -111,7 +111,7 @@ test_AboutPageAndDownloadMenu_ByMouseAndKeyboard_OpenWebPages() {
     companion_on_desktop
     open_options
     xdotool key --delay 200 alt+h a # "About..."
-    sleep 0.5
+    let_it_rest
     expect_opened https://parlune.example/ click_at imgParlune
     expect_opened https://parlune.example/agent-ring click_at imgAgentRing
     expect_opened https://parlune.example/ click_at "lblURL(2)"

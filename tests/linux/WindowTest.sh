@@ -10,7 +10,7 @@ options_on_desktop() {
     expect_within 20 "the character comes" character_visible || return
     window=$(options_window)
     xdotool windowactivate --sync "$window"
-    sleep 1 # What the start still does is over.
+    let_it_rest # What the start still does is over.
 }
 
 page_picture() { import -window "$window" "$1"; }
@@ -20,7 +20,7 @@ test_Pages_TurnedByKey_AreSevenDifferentOnes() {
     options_on_desktop || return
     local page
     for page in 0 1 2 3 4 5 6; do
-        sleep 1 # The lists of a page fill when it is first seen.
+        let_it_rest # The lists of a page fill when it is first seen.
         page_picture "$kept/page$page.png"
         xdotool key ctrl+Page_Down
     done

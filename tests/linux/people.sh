@@ -49,6 +49,19 @@ is_between() { awk -v low="$1" -v x="$2" -v high="$3" 'BEGIN { exit !(low <= x &
 
 parlune_runs() { ! has_ended "$parlune_pid"; }
 
+# Waits until the program has done what it began: none of its threads wants the processor, several times in a row. On a busy
+# machine a thread that waits for the processor counts as one that works.
+let_it_rest() { wait_until 30 rests; }
+rests() {
+    local i before
+    before=$(processor_ticks)
+    for i in 1 2 3 4; do
+        sleep 0.1
+        ! sed 's/^.*) //' /proc/"$parlune_pid"/task/*/stat 2>/dev/null | grep -q '^[RD]' || return
+    done
+    [ $(($(processor_ticks) - before)) -le 3 ]
+}
+
 # Processor time of the program so far, in hundredths of a second.
 processor_ticks() { awk '{ print $14 + $15 }' "/proc/$parlune_pid/stat"; }
 

@@ -18,7 +18,7 @@ read_places() {
 open_options() {
     read_places
     "$program"
-    wait_until 5 options_visible || fail "The options window does not come."
+    wait_until 30 options_visible || fail "The options window does not come."
     xdotool windowactivate --sync "$(options_window)"
 }
 
