@@ -73,7 +73,7 @@ TEST_F(Chain, Join_TheContentOfNow_IsToldToTheOldProcedureOnly)
     CopyText("already there");
     Join();
     EXPECT_TRUE(clipboardChain::Joined());
-    RunUntil([] { return false; }, 50);
+    RunUntil([] { return false; }, 5);
     EXPECT_EQ(changes, 0);
     ASSERT_FALSE(main.told.empty());
     EXPECT_EQ(main.told[0].message, DrawClipboard);
@@ -86,7 +86,7 @@ TEST_F(Chain, Join_LaterCopies_AreToldOnceEach)
     EXPECT_TRUE(RunUntil([&] { return changes == 1; }));
     CopyText("one");
     EXPECT_TRUE(RunUntil([&] { return changes == 2; }));
-    RunUntil([] { return false; }, 50);
+    RunUntil([] { return false; }, 5);
     EXPECT_EQ(changes, 2);
 }
 
@@ -117,7 +117,7 @@ TEST_F(Chain, Join_Twice_JoinsOnce)
     EXPECT_EQ(clipboardChain::CurrentState().previousProcedure, previous);
     CopyText("one");
     RunUntil([&] { return changes > 0; });
-    RunUntil([] { return false; }, 50);
+    RunUntil([] { return false; }, 5);
     EXPECT_EQ(changes, 1);
 }
 
@@ -147,7 +147,7 @@ TEST_F(Chain, Leave_RestoresTheProcedureAndTellsNothingMore)
     EXPECT_FALSE(clipboardChain::Joined());
     EXPECT_EQ(GetWindowLongPtrW(main.window.Get(), GWLP_WNDPROC), former);
     CopyText("one");
-    RunUntil([] { return false; }, 50);
+    RunUntil([] { return false; }, 5);
     EXPECT_EQ(changes, 0);
 }
 
@@ -264,7 +264,7 @@ TEST_F(Chain, TheProcedureLeavesTheChain_NothingBreaks)
     CopyText("one");
     EXPECT_TRUE(RunUntil([&] { return changes == 1; }));
     CopyText("two");
-    RunUntil([] { return false; }, 50);
+    RunUntil([] { return false; }, 5);
     EXPECT_EQ(changes, 1);
 }
 

@@ -174,11 +174,11 @@ CDialogAnswers::Answer Press(int button)
     return [button](HWND dialog) { return PostMessageW(dialog, WM_COMMAND, static_cast<WPARAM>(button), 0) != 0; };
 }
 
-bool RunUntil(const std::function<bool()>& condition, int milliseconds)
+// Looks, not time: a machine that has much to do gives fewer of them in a second.
+bool RunUntil(const std::function<bool()>& condition, int looks)
 {
-    const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(milliseconds);
-    while (!condition()) {
-        if (GetTickCount64() >= end)
+    for (int look = 0; !condition(); ++look) {
+        if (look == looks)
             return false;
         MsgWaitForMultipleObjectsEx(0, nullptr, 10, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
         MSG message = {};

@@ -94,8 +94,8 @@ private:
 // An answer that presses a button.
 CDialogAnswers::Answer Press(int button);
 
-// Runs messages until the condition holds; false after some seconds.
-bool RunUntil(const std::function<bool()>& condition, int milliseconds = 5000);
+// Runs messages until the condition holds; false when it does not within so many looks of ten milliseconds.
+bool RunUntil(const std::function<bool()>& condition, int looks = 6000);
 
 // Text of a window or control.
 std::string TextOf(HWND window);

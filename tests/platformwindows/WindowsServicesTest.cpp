@@ -213,7 +213,7 @@ TEST(Shell, StartProgram_StartsItWithItsArguments)
 {
     CTemporaryFolder folder;
     CWindowsShell().StartProgram("cmd /c echo started> \"" + folder.Path("out.txt") + "\"");
-    EXPECT_TRUE(RunUntil([&] { return folder.Read("out.txt") == "started\r\n"; }, 20000));
+    EXPECT_TRUE(RunUntil([&] { return folder.Read("out.txt") == "started\r\n"; }));
 }
 
 TEST(Shell, StartProgram_WhatIsNoProgram_Fails)
@@ -243,7 +243,7 @@ TEST(Shell, Open_AProgramWithBlanksInItsPath_GetsItsParameters)
     const std::string program = folder.Path("two words\\run.bat");
     folder.Write("two words\\run.bat", "@echo %1> \"" + folder.Path("out.txt") + "\"\r\n");
     EXPECT_GT(CWindowsShell().Open(program, "/p"), 32);
-    EXPECT_TRUE(RunUntil([&] { return folder.Read("out.txt") == "/p\r\n"; }, 20000));
+    EXPECT_TRUE(RunUntil([&] { return folder.Read("out.txt") == "/p\r\n"; }));
 }
 
 TEST(RandomNumbers, Next_LiesBetweenNullAndOneAndFollowsTheSeed)
@@ -323,10 +323,8 @@ TEST_F(Pump, RunPendingEvents_AWindowThatPostsWithoutEnd_ComesToAnEnd)
 TEST_F(Pump, WaitForEvents_ReturnsWithTheFirstEvent)
 {
     Post(1);
-    const ULONGLONG before = GetTickCount64();
-    pump.WaitForEvents(5000);
+    pump.WaitForEvents(3'600'000);  // An hour, should it not.
     EXPECT_EQ(got, std::vector<int>{1});
-    EXPECT_LT(GetTickCount64() - before, 3000U);
 }
 
 TEST_F(Pump, WaitForEvents_NothingHappens_ReturnsAfterTheTime)
@@ -337,8 +335,7 @@ TEST_F(Pump, WaitForEvents_NothingHappens_ReturnsAfterTheTime)
         pump.WaitForEvents(40);
     EXPECT_GE(GetTickCount64() - before, 30U);
     pump.WaitForEvents(0);
-    pump.WaitForEvents(-1);
-    EXPECT_LT(GetTickCount64() - before, 5000U);
+    pump.WaitForEvents(-1);  // Not for ever.
 }
 
 TEST_F(Pump, RunPendingEvents_KeysBecomeLetters)

@@ -10,7 +10,7 @@ protected:
     void BeginOnPage()
     {
         BeginShown();
-        parlune.GoTo(Page::Character);
+        ShowPage(Page::Character);
         agent.Forget();
     }
     bool Shows(const std::string& control, const std::string& text)

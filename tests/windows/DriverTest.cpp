@@ -24,7 +24,7 @@ TEST_P(MessageBoxes, AreReadAsTheyAre)
     EXPECT_EQ(box.title, "A title");
     EXPECT_EQ(box.buttons, shown.buttons);
     EXPECT_EQ(box.standard, shown.standard);
-    EXPECT_TRUE(Eventually([&] { return SignOf(box) == shown.sign; }, 3));
+    EXPECT_TRUE(Eventually([&] { return SignOf(box) == shown.sign; }));
     Answer(box, shown.buttons.front());
     program.join();
 }
@@ -68,9 +68,10 @@ TEST(Folders, Sealed_TakesNoFile)
     EXPECT_FALSE(FileExists("C:\\sealed\\x.txt"));
 }
 
-TEST(Held, GrowsWithWhatIsMade)
+// A few of the kernel's come and go with the system's own threads.
+TEST(OwnHandles, GrowWithWhatIsMade)
 {
-    const Held before = HeldBy(GetCurrentProcess());
+    const support::OwnHandles before = support::CountOwnHandles();
     std::vector<HPEN> pens;
     std::vector<HMENU> menus;
     std::vector<HANDLE> events;
@@ -79,19 +80,61 @@ TEST(Held, GrowsWithWhatIsMade)
         menus.push_back(CreateMenu());
         events.push_back(CreateEventW(nullptr, TRUE, FALSE, nullptr));
     }
-    const Held after = HeldBy(GetCurrentProcess());
-    for (int i = 0; i < 500; ++i) {
-        DeleteObject(pens.at(static_cast<std::size_t>(i)));
-        DestroyMenu(menus.at(static_cast<std::size_t>(i)));
-        CloseHandle(events.at(static_cast<std::size_t>(i)));
+    const support::OwnHandles after = support::CountOwnHandles();
+    for (std::size_t i = 0; i < 500; ++i) {
+        DeleteObject(pens[i]);
+        DestroyMenu(menus[i]);
+        CloseHandle(events[i]);
     }
-    const Held again = HeldBy(GetCurrentProcess());
+    const support::OwnHandles again = support::CountOwnHandles();
 
     EXPECT_EQ(after.drawing, before.drawing + 500);
-    EXPECT_GE(after.windows, before.windows + 400);
-    EXPECT_EQ(after.handles, before.handles + 500);
+    EXPECT_EQ(after.windows, before.windows + 500);
+    EXPECT_NEAR(after.kernel, before.kernel + 500, 50);
     EXPECT_EQ(again.drawing, before.drawing);
-    EXPECT_EQ(again.handles, before.handles);
+    EXPECT_EQ(again.windows, before.windows);
+    EXPECT_NEAR(again.kernel, before.kernel, 50);
+}
+
+TEST(OwnHandles, CountEveryKindOfWindow)
+{
+    const unsigned before = support::CountOwnHandles().windows;
+    const HWND window = CreateWindowW(L"Static", L"", WS_POPUP, 0, 0, 9, 9, nullptr, nullptr, nullptr, nullptr);
+    const HWND inner = CreateWindowW(L"Static", L"", WS_CHILD, 0, 0, 9, 9, window, nullptr, nullptr, nullptr);
+    const HWND messages = CreateWindowW(L"Static", L"", 0, 0, 0, 9, 9, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    const BYTE bits[32] = {};
+    const HICON icon = CreateIcon(nullptr, 16, 16, 1, 1, bits, bits);
+    const unsigned after = support::CountOwnHandles().windows;
+    DestroyWindow(inner);
+    DestroyWindow(window);
+    DestroyWindow(messages);
+    DestroyIcon(icon);
+
+    EXPECT_EQ(after, before + 4);
+}
+
+TEST(Growth, OfWhatLeaks_IsTold)
+{
+    std::vector<HPEN> pens;
+    const auto leak = [&] {
+        for (int i = 0; i < 20; ++i)
+            pens.push_back(CreatePen(PS_SOLID, i + 1, 0));
+    };
+    EXPECT_NE(support::GrowthOf(support::CountOwnHandles, leak, 5), "");
+    for (HPEN pen : pens)
+        DeleteObject(pen);
+}
+
+TEST(Growth, OfWhatIsKeptOnce_IsNone)
+{
+    std::vector<HPEN> pens;
+    const auto keep = [&] {
+        while (pens.size() < 20)
+            pens.push_back(CreatePen(PS_SOLID, 1, 0));
+    };
+    EXPECT_EQ(support::GrowthOf(support::CountOwnHandles, keep, 5), "");
+    for (HPEN pen : pens)
+        DeleteObject(pen);
 }
 
 }

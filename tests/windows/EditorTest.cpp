@@ -12,7 +12,7 @@ protected:
     void BeginOnPage()
     {
         BeginShown();
-        parlune.GoTo(Page::Read);
+        ShowPage(Page::Read);
         agent.Forget();
     }
     void Open(const std::string& file)

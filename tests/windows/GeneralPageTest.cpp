@@ -187,8 +187,8 @@ TEST_F(GeneralPage, BoxesClickedByMouse_AreTicked)
 TEST_F(GeneralPage, TabKeyAndBlank_TickTheNextBox)
 {
     BeginShown();
-    parlune.GoTo(Page::Character);
-    parlune.GoTo(Page::General);  // Gives the focus to the second box.
+    ShowPage(Page::Character);
+    ShowPage(Page::General);  // Gives the focus to the second box.
     const bool before = parlune.IsTicked("chkMinimizeOnClose");
     hand::Press({VK_TAB});
     hand::Press({VK_SPACE});

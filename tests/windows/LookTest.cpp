@@ -32,10 +32,10 @@ TEST_F(Look, PagesOfTheOptionsWindow_AreDifferentOnes)
     BeginShown();
     std::set<std::vector<DWORD>> seen;
     for (int page = 0; page < 7; ++page) {
-        parlune.GoTo(static_cast<Page>(page));
+        ShowPage(static_cast<Page>(page));
         seen.insert(FinishedPicture(names[page]));
     }
-    parlune.GoTo(Page::Voice);
+    ShowPage(Page::Voice);
     parlune.SetTab("tabTTS", 1);
     FinishedPicture("page2-modifiers");
 
@@ -45,7 +45,7 @@ TEST_F(Look, PagesOfTheOptionsWindow_AreDifferentOnes)
 TEST_F(Look, ControlsOfEachPage_AreSeenOnItAlone)
 {
     BeginShown();
-    parlune.GoTo(Page::Greetings);
+    ShowPage(Page::Greetings);
 
     EXPECT_TRUE(IsWindowVisible(parlune.Control("txtUserName")));
     EXPECT_FALSE(IsWindowVisible(parlune.Control("chkShowSplash")));

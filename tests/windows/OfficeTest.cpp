@@ -23,7 +23,7 @@ protected:
     void StartOffice(const std::string& command)
     {
         m_office.Start(ProgramFolder() + "office.exe", ProgramFolder());
-        ASSERT_TRUE(standins::WaitForStandIn(10000, "office"));
+        ASSERT_TRUE(standins::WaitForStandIn(PatienceMilliseconds, "office"));
         Tell(command);
     }
     void Tell(const std::string& command) { ASSERT_TRUE(standins::SendCommand(command, "office")); }

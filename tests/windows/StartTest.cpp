@@ -261,7 +261,7 @@ TEST_F(Start, WithoutAppData_KeepsSettingsInTheCurrentFolder)
 {
     Begin({}, {{"APPDATA", std::nullopt}});
     parlune.Show();
-    parlune.GoTo(Page::Balloon);
+    ShowPage(Page::Balloon);
     parlune.Click("cmdSetFont(0)");
 
     EXPECT_TRUE(Eventually([] { return FileExists(CParlune::Folder() + "Parlune.ini"); }));

@@ -103,7 +103,7 @@ TEST_F(Store, EmptiedName_ReadsBackAsTheEmptyText)
 TEST_F(Store, SettingsFile_HoldsWhatIsStoredForTheCharacter)
 {
     BeginShown();
-    parlune.GoTo(Page::Balloon);
+    ShowPage(Page::Balloon);
     parlune.SetText("cboFontName", "Tahoma");
     parlune.SetText("cboFontSize", "14");
     parlune.SetText("txtCharsPerLine", "20");
@@ -123,7 +123,7 @@ TEST_F(Store, SettingsOfAnotherCharacter_AreLeftAlone)
     WriteSetting("Genie", "FontName", "Arial");
     WriteSetting("Merlin", "FontName", "Tahoma");
     BeginShown();
-    parlune.GoTo(Page::Balloon);
+    ShowPage(Page::Balloon);
     parlune.Click("cmdSetFont(1)");
     parlune.End();
 

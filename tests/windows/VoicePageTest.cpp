@@ -12,7 +12,7 @@ protected:
     void BeginOnPage()
     {
         BeginShown();
-        parlune.GoTo(Page::Voice);
+        ShowPage(Page::Voice);
         ASSERT_TRUE(Eventually([&] { return parlune.Entries("lstTTS").size() == 3; }));
         agent.Forget();
     }
@@ -39,8 +39,8 @@ TEST_F(VoicePage, List_ShowsTheVoicesAndMarksTheCharactersOwn)
 TEST_F(VoicePage, VisitedTwice_AsksForTheVoicesOnce)
 {
     BeginOnPage();
-    parlune.GoTo(Page::General);
-    parlune.GoTo(Page::Voice);
+    ShowPage(Page::General);
+    ShowPage(Page::Voice);
 
     EXPECT_EQ(parlune.Entries("lstTTS").size(), 3U);
     EXPECT_TRUE(agent.LinesWith("get Speech.CountEngines").empty());

@@ -42,7 +42,7 @@ protected:
         bot.reset();
         events.completed.clear();
         engine.reset();
-        EXPECT_TRUE(standins::PumpUntil([] { return !standins::WaitForStandIn(0, "engine"); }, 20000));
+        EXPECT_TRUE(standins::PumpUntil([] { return !standins::WaitForStandIn(0, "engine"); }));
         standins::Unregister();
     }
     static void Tell(const std::string& command)
@@ -62,7 +62,7 @@ TEST_F(OtherProcess, Session_UpToASpokenText_ReportsTheReturnedRequest)
 {
     bot->Show(true);
     const RequestRef speech = bot->Speak("Hello \xE2\x82\xAC", std::nullopt);
-    ASSERT_TRUE(standins::PumpUntil([&] { return !events.completed.empty() && events.completed.back() == speech; }, 10000));
+    ASSERT_TRUE(standins::PumpUntil([&] { return !events.completed.empty() && events.completed.back() == speech; }));
     EXPECT_EQ(speech->Status(), RequestStatus::Completed);
 }
 
@@ -96,8 +96,7 @@ TEST_F(OtherProcess, ManyTexts_Queued_AreAllReported)
     std::vector<RequestRef> spoken;
     for (int index = 0; index < 200; ++index)
         spoken.push_back(bot->Speak("line", std::nullopt));
-    ASSERT_TRUE(
-        standins::PumpUntil([&] { return !events.completed.empty() && events.completed.back() == spoken.back(); }, 60000));
+    ASSERT_TRUE(standins::PumpUntil([&] { return !events.completed.empty() && events.completed.back() == spoken.back(); }));
     ASSERT_GE(events.completed.size(), 200u);
     EXPECT_TRUE(std::equal(spoken.begin(), spoken.end(), events.completed.end() - 200));
 }

@@ -12,7 +12,7 @@ TEST(OtherProcessOffice, WordAndExcel_WhileTheyRun_GiveTheirTexts)
     standins::RegisterOffice();
     {
         const comtest::CProgram programs(L"office.exe", L"");
-        ASSERT_TRUE(standins::WaitForStandIn(20000, "office"));
+        ASSERT_TRUE(standins::WaitForStandIn(60000, "office"));
         const auto tell = [](const std::string& command) {
             EXPECT_EQ(standins::AskStandIn(command, "office"), standins::Answer::Understood) << command;
         };

@@ -62,7 +62,7 @@ protected:
         scene->Tell(ownEvents ? "own-events on" : "own-events off");
         Connect();
         scene->Tell("event Click Bot 1 0 5 6");
-        const bool heard = standins::PumpUntil([&] { return !listener.lines.empty(); }, 2000);
+        const bool heard = standins::PumpUntil([&] { return !listener.lines.empty(); });
         engine.reset();
         return heard;
     }

@@ -7,7 +7,9 @@
 #include "windows/standins/Engine.h"
 #include <algorithm>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <iterator>
+#include <sstream>
 
 namespace driver {
 namespace {
@@ -40,6 +42,14 @@ std::string WithoutTypes(const std::string& line)
         plain += line[i];
     }
     return plain;
+}
+
+// Asked by us, not by the program.
+bool IsOfTheDriver(const std::string& line)
+{
+    const char* const beginnings[] = {"told mark ", "marked ", "told held", "held "};
+    return std::any_of(std::begin(beginnings), std::end(beginnings),
+                       [&](const char* beginning) { return BeginsWith(line, beginning); });
 }
 
 // The first text in double quotes.
@@ -82,13 +92,13 @@ void CAgent::ServeFromOutside()
     standins::Register("LocalServer32", platform::windowsdesktop::ToWide(program));
     m_server = std::make_unique<CProcess>();
     m_server->Start(program, ProgramFolder(), Variables());
-    standins::WaitForStandIn(10000);
+    standins::WaitForStandIn(PatienceMilliseconds);
 }
 
 void CAgent::EndServer()
 {
     if (m_server && m_server->IsRunning() && Tell("quit"))
-        m_server->WaitForEnd(5);
+        m_server->WaitForEnd();
 }
 
 bool CAgent::Tell(const std::string& command) const
@@ -112,7 +122,7 @@ bool CAgent::DoubleClick(int button, int shift) const
     return Tell("event DblClick Bot " + std::to_string(button) + " " + std::to_string(shift) + " 100 100");
 }
 
-std::vector<std::string> CAgent::Log() const
+std::vector<std::string> CAgent::AllLines() const
 {
     std::ifstream stream(LogFile, std::ios::binary);
     stream.seekg(m_forgotten);
@@ -124,22 +134,55 @@ std::vector<std::string> CAgent::Log() const
     return lines;
 }
 
+std::vector<std::string> CAgent::Log() const
+{
+    std::vector<std::string> lines = AllLines();
+    std::erase_if(lines, IsOfTheDriver);
+    return lines;
+}
+
 void CAgent::Forget()
 {
     const std::string bytes = Contents(LogFile);
     m_forgotten = static_cast<std::streamoff>(bytes.rfind('\n') + 1);
 }
 
+bool CAgent::Mark() const
+{
+    static int number = 0;
+    const std::string name = std::to_string(++number);
+    return Tell("mark " + name) && Eventually([&] {
+               const auto lines = AllLines();
+               return std::find(lines.begin(), lines.end(), "marked " + name) != lines.end();
+           });
+}
+
+// Each mark comes back from a message loop of its own turn, behind everything that was posted; between two of them the loop
+// comes to rest. A program that is still at work lets its messages run a few times only.
 void CAgent::Rest() const
 {
-    constexpr int LooksWithoutNews = 10;
+    constexpr int MarksWithoutNews = 12;
     std::size_t lines = 0;
-    Eventually([&, looks = 0]() mutable {
+    Eventually([&, quiet = 0]() mutable {
+        Mark();
+        Answers(m_parlune->Tray());
         const std::size_t now = Log().size();
-        looks = now == lines ? looks + 1 : 0;
+        quiet = now == lines ? quiet + 1 : 0;
         lines = now;
-        return looks == LooksWithoutNews;
+        return quiet == MarksWithoutNews;
     });
+}
+
+support::OwnHandles CAgent::Held() const
+{
+    support::OwnHandles held;
+    EXPECT_TRUE(Tell("held"));
+    const auto lines = AllLines();
+    const auto line =
+        std::find_if(lines.rbegin(), lines.rend(), [](const std::string& l) { return BeginsWith(l, "held "); });
+    if (line != lines.rend())
+        std::istringstream(line->substr(5)) >> held.drawing >> held.windows >> held.kernel;
+    return held;
 }
 
 std::vector<std::string> CAgent::LinesWith(const std::string& beginning) const

@@ -1,5 +1,6 @@
 #pragma once
 #include "driver/Parlune.h"
+#include "support/OwnHandles.h"
 #include <ios>
 #include <memory>
 #include <string>
@@ -34,7 +35,10 @@ public:
     // What was asked since the start or the last call of Forget, a line each.
     std::vector<std::string> Log() const;
     void Forget();
-    void Rest() const;  // Waits until it is asked nothing more for a moment.
+    bool Mark() const;  // Waits until the message loop around the engine has done all that is posted so far.
+    void Rest() const;  // Waits until it is asked nothing more, and the program waits for its user.
+    // What the program holds. Only where the engine stands inside of it.
+    support::OwnHandles Held() const;
     std::vector<std::string> LinesWith(const std::string& beginning) const;
     bool Saw(const std::string& line) const;                               // Until now.
     bool Sees(const std::string& beginning, std::size_t times = 1) const;  // Waits for that many lines.
@@ -42,6 +46,8 @@ public:
     bool Speaks(const std::string& text) const;                            // Waits for it.
 
 private:
+    std::vector<std::string> AllLines() const;
+
     const CParlune* m_parlune;
     std::unique_ptr<CProcess> m_server;
     std::string m_setup;

@@ -119,7 +119,7 @@ Sign SignOf(const Box& box)
 {
     Sign sign = Sign::None;
     if (const HWND icon = IconOf(box.window))  // It may not be drawn yet.
-        Eventually([&] { return (sign = SignSeenOn(icon)) != Sign::None; }, 1);
+        Eventually([&] { return (sign = SignSeenOn(icon)) != Sign::None; });
     return sign;
 }
 

@@ -38,11 +38,11 @@ void CCompanion::BeginWithoutCharacter()
 {
     parlune.Start({}, agent.Variables());
     EXPECT_TRUE(Eventually([&] { return parlune.Tray() != nullptr; }));
-    EXPECT_EQ(WaitForInputIdle(parlune.Process().Handle(), 10000), 0U);
+    EXPECT_EQ(WaitForInputIdle(parlune.Process().Handle(), PatienceMilliseconds), 0U);
     agent.Rest();
 }
 
-std::vector<std::string> CCompanion::DismissReportsUntil(const std::function<bool()>& condition, double seconds)
+std::vector<std::string> CCompanion::DismissReportsUntil(const std::function<bool()>& condition)
 {
     std::vector<std::string> reports;
     const auto dismissed = [&] {
@@ -53,7 +53,7 @@ std::vector<std::string> CCompanion::DismissReportsUntil(const std::function<boo
         }
         return condition();
     };
-    EXPECT_TRUE(Eventually(dismissed, seconds));
+    EXPECT_TRUE(Eventually(dismissed));
     return reports;
 }
 
@@ -62,6 +62,12 @@ void CCompanion::BeginShown()
     Begin();
     parlune.Show();
     hand::Front(parlune.Main());
+}
+
+void CCompanion::ShowPage(Page page)
+{
+    parlune.GoTo(page);
+    agent.Rest();
 }
 
 namespace clipboard {

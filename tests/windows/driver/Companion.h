@@ -15,8 +15,9 @@ protected:
     void Begin(const std::string& arguments = {}, const Environment& changed = {});
     void BeginWithoutCharacter();  // The same where none comes.
     void BeginShown();             // The same, with the options window on the screen.
+    void ShowPage(Page page);      // Waits until its lists, which are filled when it is first seen, are full.
     // Answers every report of an unexpected error with OK until the condition holds, and gives the reports' texts.
-    std::vector<std::string> DismissReportsUntil(const std::function<bool()>& condition, double seconds = 10);
+    std::vector<std::string> DismissReportsUntil(const std::function<bool()>& condition);
     Box SeeBox() { return WaitForBox(parlune.Id()); }
 
     CAgent agent{parlune};

@@ -36,11 +36,16 @@ void Send(std::vector<INPUT> inputs) { SendInput(static_cast<UINT>(inputs.size()
 
 }
 
+// The window manager has its say, too, and may come late with it.
 void Front(HWND window)
 {
-    Eventually([&] {
-        SetForegroundWindow(window);
-        return GetForegroundWindow() == window;
+    constexpr int LooksInFront = 10;
+    Eventually([&, looks = 0]() mutable {
+        looks = GetForegroundWindow() == window ? looks + 1 : 0;
+        if (looks == 0)
+            SetForegroundWindow(window);
+        Answers(window);
+        return looks == LooksInFront;
     });
 }
 

@@ -6,7 +6,7 @@
 // A hand on keyboard and mouse: what it does reaches whatever window is there.
 namespace driver::hand {
 
-void Front(HWND window);                       // Brings a window to the front and waits until it is there.
+void Front(HWND window);                       // Brings a window to the front and waits until it stays there.
 void Press(std::initializer_list<WORD> keys);  // All down in their order, then up: {VK_CONTROL, 'A'}.
 void Type(const std::string& text);
 

@@ -23,7 +23,7 @@ public:
     CProcess& Process() { return m_process; }
     DWORD Id() const { return m_process.Id(); }
     bool IsRunning() const { return m_process.IsRunning(); }
-    bool HasEnded(double seconds = 10) const { return m_process.WaitForEnd(seconds); }
+    bool HasEnded() const { return m_process.WaitForEnd(); }
 
     HWND Main() const;  // Null until the main window has been loaded.
     HWND Tray() const;

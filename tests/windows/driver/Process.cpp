@@ -1,4 +1,5 @@
 #include "driver/Process.h"
+#include "driver/Waiting.h"
 #include "platform/windows/Text.h"
 #include <stdexcept>
 #include <vector>
@@ -71,9 +72,9 @@ void CProcess::Start(const std::string& commandLine, const std::string& folder, 
 
 bool CProcess::IsRunning() const { return m_process && WaitForSingleObject(m_process, 0) == WAIT_TIMEOUT; }
 
-bool CProcess::WaitForEnd(double seconds) const
+bool CProcess::WaitForEnd() const
 {
-    return !m_process || WaitForSingleObject(m_process, static_cast<DWORD>(seconds * 1000)) == WAIT_OBJECT_0;
+    return !m_process || WaitForSingleObject(m_process, PatienceMilliseconds) == WAIT_OBJECT_0;
 }
 
 DWORD CProcess::ExitCode() const
@@ -86,7 +87,7 @@ DWORD CProcess::ExitCode() const
 void CProcess::Kill()
 {
     TerminateProcess(m_process, 99);
-    WaitForEnd(5);
+    WaitForEnd();
 }
 
 std::string OutputOf(const std::string& commandLine)
@@ -103,7 +104,7 @@ std::string OutputOf(const std::string& commandLine)
     for (DWORD count = 0; ReadFile(reading, part, sizeof part, &count, nullptr) && count > 0;)
         output.append(part, count);
     CloseHandle(reading);
-    process.WaitForEnd(10);
+    process.WaitForEnd();
     return output;
 }
 

@@ -22,7 +22,7 @@ public:
                HANDLE output = nullptr);
 
     bool IsRunning() const;
-    bool WaitForEnd(double seconds) const;
+    bool WaitForEnd() const;  // False when it does not end.
     DWORD ExitCode() const;
     void Kill();
     DWORD Id() const { return m_id; }
@@ -35,14 +35,6 @@ private:
 
 // What a program of the system writes, once it has ended.
 std::string OutputOf(const std::string& commandLine);
-
-// How much of the system a process holds. Where the system does not tell, its tables are counted.
-struct Held {
-    unsigned drawing = 0;  // Pens, brushes, fonts, bitmaps.
-    unsigned windows = 0;  // Windows, menus, icons; counted from the tables: of all processes, and roughly.
-    unsigned handles = 0;  // Of the kernel.
-};
-Held HeldBy(HANDLE process);
 
 std::string ProgramFolder();  // Of the test program, with a backslash at its end.
 

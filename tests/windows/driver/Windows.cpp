@@ -1,4 +1,5 @@
 #include "driver/Windows.h"
+#include "driver/Waiting.h"
 #include "platform/windows/Text.h"
 #include <cstdlib>
 #include <fstream>
@@ -8,8 +9,6 @@ using platform::windowsdesktop::ToWide;
 
 namespace driver {
 namespace {
-
-constexpr UINT AnswerMilliseconds = 10000;
 
 struct Search {
     DWORD process = 0;
@@ -151,7 +150,7 @@ RECT PlaceOf(HWND window)
 LRESULT Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
 {
     DWORD_PTR answer = 0;
-    if (!SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, AnswerMilliseconds, &answer))
+    if (!SendMessageTimeoutW(window, message, wParam, lParam, SMTO_NORMAL, PatienceMilliseconds, &answer))
         return 0;
     return static_cast<LRESULT>(answer);
 }
@@ -170,10 +169,10 @@ RECT PlaceOfButton(HWND toolBar, int button)
     return place;
 }
 
-bool Answers(HWND window, double seconds)
+bool Answers(HWND window)
 {
     DWORD_PTR answer = 0;
-    return SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, static_cast<UINT>(seconds * 1000), &answer) != 0;
+    return SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_NORMAL, PatienceMilliseconds, &answer) != 0;
 }
 
 bool MenuIsOpen(HWND window)

@@ -19,10 +19,10 @@ DWORD ProcessOf(HWND window);
 std::string TextOf(HWND window);
 RECT PlaceOf(HWND window);  // On the screen.
 
-// Asks a window of another process and waits for the answer, 10 s at most; 0 when it does not answer.
+// Asks a window of another process and waits for the answer; 0 when it does not answer.
 LRESULT Ask(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-RECT PlaceOfButton(HWND toolBar, int button);   // On the screen; counted from 0.
-bool Answers(HWND window, double seconds = 5);  // Whether its process takes messages.
+RECT PlaceOfButton(HWND toolBar, int button);  // On the screen; counted from 0.
+bool Answers(HWND window);                     // Whether its process takes messages.
 
 // Whether the thread of the window has a menu open.
 bool MenuIsOpen(HWND window);

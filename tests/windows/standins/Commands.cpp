@@ -9,7 +9,7 @@ namespace standins {
 namespace {
 
 constexpr wchar_t WindowClass[] = L"ParluneStandIn";
-constexpr UINT AnswerMilliseconds = 5000;
+constexpr UINT AnswerMilliseconds = 60000;
 
 HWND FindWindowOf(const std::string& title, std::uint32_t processID)
 {

@@ -38,6 +38,6 @@ private:
 
 void PumpMessages();  // Those that wait.
 // Pumps until the condition holds; gives whether it did in time.
-bool PumpUntil(const std::function<bool()>& condition, unsigned milliseconds = 5000);
+bool PumpUntil(const std::function<bool()>& condition, unsigned milliseconds = 60000);
 
 }

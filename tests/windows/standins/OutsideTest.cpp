@@ -12,7 +12,7 @@ using Lines = std::vector<std::string>;
 
 constexpr wchar_t LogFile[] = L"C:\\standins.log";
 constexpr wchar_t SetupFile[] = L"C:\\standins.txt";
-constexpr unsigned PatienceMilliseconds = 20000;
+constexpr unsigned PatienceMilliseconds = 60000;
 
 std::wstring ProgramFolder()
 {

@@ -1,4 +1,5 @@
 #include "windows/standins/Telling.h"
+#include "support/OwnHandles.h"
 #include "windows/standins/Character.h"
 #include "windows/standins/Office.h"
 #include "windows/standins/Order.h"
@@ -217,6 +218,19 @@ void AddDuring(COrder& order)
     order.scene.script.Add(rule);
 }
 
+void Mark(COrder& order)
+{
+    const std::string name = order.Word();
+    order.scene.Later([&scene = order.scene, name] { scene.log.Write("marked " + name); });
+}
+
+void CountHandles(COrder& order)
+{
+    const support::OwnHandles held = support::CountOwnHandles();
+    order.scene.log.Write("held " + std::to_string(held.drawing) + " " + std::to_string(held.windows) + " " +
+                          std::to_string(held.kernel));
+}
+
 void Hang(COrder& order)
 {
     order.scene.Later([milliseconds = order.Milliseconds()] { Sleep(milliseconds); });
@@ -263,6 +277,8 @@ const std::map<std::string, Handler>& Handlers()
         {"block", AddBlock},
         {"during", AddDuring},
         {"forget", [](COrder& order) { order.scene.script.Forget(); }},
+        {"mark", Mark},
+        {"held", CountHandles},
         {"hang", Hang},
         {"disconnect", [](COrder& order) { order.scene.disconnected = true; }},
         {"connect", [](COrder& order) { order.scene.disconnected = false; }},

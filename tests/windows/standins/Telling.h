@@ -37,6 +37,8 @@ class CScene;
 //   block [always] TARGET MILLISECONDS|forever   the server sleeps inside the call
 //   during [always] TARGET COMMAND               runs a command inside the call
 //   forget                   no rule is left
+//   mark NAME                writes "marked NAME" from the message loop, behind all that was posted before
+//   held                     writes "held DRAWING WINDOWS KERNEL": how many handles the process has
 //   hang MILLISECONDS|forever    the server sleeps, from its message loop
 //   disconnect, connect      every call gives RPC_E_DISCONNECTED; no more
 //   die                      the server's process ends at once. Better than to kill it: Wine would take the dead one for
