@@ -56,10 +56,13 @@ desktop_start_display() {
     export DISPLAY=:$number
 }
 
+# The server writes the number and the end of the line one after the other: what had come when the second was over is kept.
 wait_for_display() {
-    local i
+    local i part
+    number=''
     for ((i = 0; i < 60; i++)); do
-        read -r -t 1 number <&7 && return
+        if read -r -t 1 part <&7; then number+=$part; return; fi
+        number+=$part
         has_ended "${desktop_pids[-1]}" && return 1
     done
     return 1
