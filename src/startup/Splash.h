@@ -5,7 +5,8 @@
 namespace splash {
 
 // Runs first, always. Failures: a missing engine component ends the program after a message; any other is reported as
-// frmSplash:Form_Load, then the next step runs.
+// frmSplash:Form_Load, then the next step runs. Ends at once when the session ends, or the main window is closed again,
+// while events run in its middle.
 void Form_Load();
 void Form_Click();  // A click on the window or its picture dismisses it.
 void imgAbout_Click();
