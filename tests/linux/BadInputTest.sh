@@ -5,7 +5,7 @@ test_Start_ConfigurationReadOnly_StartsAndEndsWell() {
     desktop_start nosound
     chmod 500 "$XDG_CONFIG_HOME"
     start_without_power
-    expect_within 20 "the character is on the desktop" character_visible
+    expect_soon "the character is on the desktop" character_visible
     expect_not "nothing is reported" box_visible
     expect "it ends well" parlune_end
     expect "nothing was written" [ -z "$(ls "$XDG_CONFIG_HOME")" ]
@@ -15,7 +15,7 @@ test_Start_ConfigurationFolderCannotBe_StartsAndEndsWell() {
     desktop_start nosound
     echo mine >"$desktop/file"
     XDG_CONFIG_HOME=$desktop/file/config parlune_start
-    expect_within 20 "the character is on the desktop" character_visible
+    expect_soon "the character is on the desktop" character_visible
     expect_not "nothing is reported" box_visible
     expect "it ends well" parlune_end
     expect "the file is untouched" [ "$(cat "$desktop/file")" = mine ]
@@ -28,7 +28,7 @@ test_Start_SealedRegistryFile_StartsAndLeavesItAlone() {
     before=$(md5sum <"$file")
     chmod 000 "$file"
     start_without_power
-    expect_within 20 "the character is on the desktop" character_visible
+    expect_soon "the character is on the desktop" character_visible
     expect "it ends well" parlune_end
     chmod 600 "$file"
     expect "the file is untouched" [ "$(md5sum <"$file")" = "$before" ]
@@ -39,7 +39,7 @@ test_Start_SealedSettingsFolder_Starts() {
     mkdir -p "$(settings_folder)"
     chmod 000 "$(settings_folder)"
     start_without_power
-    expect_within 20 "the character is on the desktop" character_visible
+    expect_soon "the character is on the desktop" character_visible
     expect "it ends well" parlune_end
     chmod 700 "$(settings_folder)"
 }
@@ -48,9 +48,9 @@ test_Start_DataFolderReadOnly_SaysSoAndShowsTheBundledCharacter() {
     desktop_start nosound
     chmod 500 "$XDG_DATA_HOME"
     start_without_power
-    expect_within 20 "it says that there are no characters" question_visible || return
+    expect_soon "it says that there are no characters" question_visible || return
     answer Return
-    expect_within 20 "the character is on the desktop" character_visible
+    expect_soon "the character is on the desktop" character_visible
     expect "it ends well" parlune_end
 }
 
@@ -71,11 +71,11 @@ test_Copy_OneMegabyteWithoutABlank_IsShownAndCanBeSilenced() {
     put_option MonitorClipboard 1
     companion_on_desktop
     head -c 1000000 /dev/zero | tr '\0' 'a' | xclip -selection clipboard -i
-    expect_within 40 "a balloon comes" balloon_visible
-    sleep 0.6
+    expect_soon "a balloon comes" balloon_visible
+    let_the_click_end
     point_at_character
     xdotool keydown shift click 1 keyup shift
-    expect_within 10 "the balloon goes" no_balloon
+    expect_soon "the balloon goes" no_balloon
     expect "it ends well" parlune_end
 }
 
@@ -84,7 +84,7 @@ test_ReadTextFile_HundredMegabytes_IsReadAndCanBeLeft() {
     companion_on_desktop
     yes "A line of a file that is much too long for one evening, and for two of them." | head -c 100000000 >"$desktop/long.txt"
     read_text_file "$desktop/long.txt"
-    expect_within 30 "a balloon comes" balloon_visible
+    expect_soon "a balloon comes" balloon_visible
     expect "it ends well" parlune_end
 }
 
@@ -92,12 +92,12 @@ test_ReadTextFile_Unreadable_IsReported() {
     desktop_start nosound
     companion_on_desktop
     read_text_file /proc/self/mem
-    expect_within 20 "the failure is reported" box_visible || return
+    expect_soon "the failure is reported" box_visible || return
     close_box
-    expect_within 5 "the box goes" no_box
+    expect_soon "the box goes" no_box
     copy_text "$short_text"
     double_click_character
-    expect_within 3 "another text is read afterwards" balloon_visible
+    expect_soon "another text is read afterwards" balloon_visible
     expect "it ends well" parlune_end
 }
 
@@ -122,10 +122,9 @@ start_without_power() {
 # By the character's menu and the keyboard. The path is pasted: between typed letters the dialog offers what it might become.
 read_text_file() {
     point_at_character
-    xdotool click 3
-    let_it_rest # The menu takes the keyboard.
+    open_menu
     xdotool key f
-    expect_within 10 "the dialog comes" file_dialog_visible || return
+    expect_soon "the dialog comes" file_dialog_visible || return
     xdotool windowactivate --sync "$(file_dialog)"
     copy_text "$1"
     xdotool key ctrl+v Return

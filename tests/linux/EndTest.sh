@@ -4,7 +4,7 @@
 test_Terminate_FirstRun_SavesTheOptions() {
     desktop_start
     parlune_start
-    expect_within 20 "the character is on the desktop" character_visible
+    expect_soon "the character is on the desktop" character_visible
     expect "it ends well" parlune_end TERM
     expect "the next start will not be the first" [ "$(stored_option FirstTime)" = 0 ]
 }
@@ -12,9 +12,45 @@ test_Terminate_FirstRun_SavesTheOptions() {
 test_Interrupt_FirstRun_SavesTheOptions() {
     desktop_start
     parlune_start
-    expect_within 20 "the character is on the desktop" character_visible
+    expect_soon "the character is on the desktop" character_visible
     expect "it ends well" parlune_end INT
     expect "the next start will not be the first" [ "$(stored_option FirstTime)" = 0 ]
+}
+
+# Nothing can be asked or shown any more.
+test_DisplayGone_WithAChangedOption_SavesItAndEndsWithOne() {
+    desktop_start nosound
+    companion_on_desktop
+    open_options
+    click_at chkMonitorClipboard
+    kill -9 "$desktop_display_pid"
+    expect_soon "it ends" has_ended "$parlune_pid"
+    expect_exit_code 1
+    expect "the option is saved" [ "$(stored_option MonitorClipboard)" = 1 ]
+    expect "it says why" grep -q '^Parlune cannot go on: .*X11' "$desktop/parlune.log"
+}
+
+test_DisplayGone_WhileSpeakingWithADialogOpen_SavesTheOptions() {
+    desktop_start
+    companion_on_desktop
+    copy_text "$long_text"
+    double_click_character
+    expect_soon "the speech is heard" is_playing
+    open_options
+    click_at chkMonitorClipboard
+    press alt+f o
+    expect_soon "the dialog comes" is_there '^Open Text File$'
+    kill -9 "$desktop_display_pid"
+    expect_soon "it ends" has_ended "$parlune_pid"
+    expect_exit_code 1
+    expect "the option is saved" [ "$(stored_option MonitorClipboard)" = 1 ]
+}
+
+expect_exit_code() {
+    local code=0
+    wait "$parlune_pid" || code=$?
+    parlune_pid=
+    expect "exit code $1, not $code" [ "$code" = "$1" ]
 }
 
 # The moment is different each time: from long before the file is written to long after.
@@ -25,7 +61,7 @@ test_Kill_WhileSaving_LosesNothing() {
         put_options=([UserName]=Ada [FirstTime]=1)
         put_option ReadGreeting 0
         parlune_start
-        expect_within 20 "the character is on the desktop" character_visible || return
+        expect_soon "the character is on the desktop" character_visible || return
         kill -TERM "$parlune_pid"
         sleep "$delay"
         parlune_kill
@@ -33,7 +69,7 @@ test_Kill_WhileSaving_LosesNothing() {
         expect "the user's name is kept, killed after $delay s" [ "$(stored_option UserName)" = Ada ] || return
     done
     parlune_start
-    expect_within 20 "the character is on the desktop" character_visible
+    expect_soon "the character is on the desktop" character_visible
     expect "it ends well" parlune_end
     expect "the next start will not be the first" [ "$(stored_option FirstTime)" = 0 ]
 }
@@ -47,9 +83,9 @@ test_SecondStart_WhileRunning_EndsAndBringsTheWindow() {
     companion_on_desktop
     expect_not "the options are hidden" options_visible
     local first=$parlune_pid code=0
-    timeout 5 "$program" || code=$?
+    timeout "$long_enough" "$program" || code=$?
     expect "the second start ends at once, exit code $code" [ "$code" = 0 ]
-    expect_within 3 "the options window comes" options_visible
+    expect_soon "the options window comes" options_visible
     expect "the first one runs on" parlune_runs
     expect "it is the first one" [ "$first" = "$parlune_pid" ]
     expect "it ends well" parlune_end
@@ -62,12 +98,11 @@ test_SecondStart_DuringTheStart_BringsTheWindowAfterIt() {
     put_option FirstTime 0
     put_option ReadGreeting 0
     parlune_start
-    expect_within 10 "it asks what to do" question_visible || return
-    timeout 10 "$program"
+    expect_soon "it asks what to do" question_visible || return
+    timeout "$long_enough" "$program"
     answer Escape
-    expect_within 20 "the character is on the desktop" character_visible
-    sleep 2
-    expect "the options window is there" options_visible
+    expect_soon "the character is on the desktop" character_visible
+    expect_soon "the options window comes" options_visible
     expect "it ends well" parlune_end
 }
 
@@ -84,7 +119,7 @@ test_Start_DamagedRegistryFile_Starts() {
     mkdir -p "$XDG_CONFIG_HOME/parlune"
     head -c 20000 /dev/urandom >"$XDG_CONFIG_HOME/parlune/registry.txt"
     parlune_start
-    expect_within 20 "the character is on the desktop" character_visible
+    expect_soon "the character is on the desktop" character_visible
     expect "it ends well" parlune_end
     expect "the file is whole again" file_is_whole
 }
@@ -96,7 +131,7 @@ test_Start_HalfARegistryFile_KeepsWhatIsThere() {
     sed -i '$d' "$XDG_CONFIG_HOME/parlune/registry.txt"
     printf '"Character" = "brok' >>"$XDG_CONFIG_HOME/parlune/registry.txt"
     parlune_start
-    expect_within 20 "the character is on the desktop" character_visible
+    expect_soon "the character is on the desktop" character_visible
     expect "it ends well" parlune_end
     expect "the user's name is kept" [ "$(stored_option UserName)" = Ada ]
 }

@@ -60,8 +60,7 @@ test_Options_ChangedByMouse_AreStored() {
 # What is stored decides whether a character comes.
 start_again() {
     parlune_start
-    sleep 2
-    let_it_rest
+    expect_soon "it has started" answers_another_start
     expect_not "the character is hidden at the start" character_visible
 }
 
@@ -90,45 +89,44 @@ expect_stored() { expect "$1 is $2, not $(stored_option "$1")" [ "$(stored_optio
 
 # turn_pages NUMBER [KEY]: a page takes the focus to one of its controls.
 turn_pages() {
-    xdotool key --repeat "$1" --delay 300 "ctrl+${2:-Page_Down}"
-    let_it_rest
+    press_repeatedly "$1" "ctrl+${2:-Page_Down}"
 }
 
 change_general_page() {
     copy_text "$short_text"
     turn_pages 1
     turn_pages 1 Page_Up # The page takes the focus to its second box.
-    xdotool key shift+Tab space Tab space Tab space Tab space
-    xdotool key Tab space Tab space Tab space
-    xdotool key Tab space
-    expect_within 5 "the button reads the clipboard" is_playing
-    expect_within 20 "the speech ends" is_silent
-    xdotool key Tab space Tab ctrl+a
+    press shift+Tab space Tab space Tab space Tab space
+    press Tab space Tab space Tab space
+    press Tab space
+    expect_soon "the button reads the clipboard" is_playing
+    expect_soon "the speech ends" is_silent
+    press Tab space Tab ctrl+a
     xdotool type 7
-    xdotool key Tab Down
-    xdotool key Tab ctrl+a
+    press Tab Down
+    press Tab ctrl+a
     xdotool type "Now {Time}"
-    xdotool key Tab space
+    press Tab space
 }
 
 change_character_page() {
-    xdotool key Tab Tab Tab space # From the list over two buttons.
-    xdotool key ctrl+a
+    press Tab Tab Tab space # From the list over two buttons.
+    press ctrl+a
     xdotool type 160
-    xdotool key Tab ctrl+a
+    press Tab ctrl+a
     xdotool type 200
-    xdotool key Tab
-    expect_within 3 "the character is as large as asked for" character_measures 160x200
-    xdotool key Tab space Tab space Tab space Tab space Tab space
-    xdotool key Tab space
-    expect_within 3 "the place is stored at once" stored_option_is CharLeft
+    press Tab
+    expect_soon "the character is as large as asked for" character_measures 160x200
+    press Tab space Tab space Tab space Tab space Tab space
+    press Tab space
+    expect_soon "the place is stored at once" stored_option_is CharLeft
 }
 character_measures() { [[ $(place_of "$(character_window)") == "$1"+* ]]; }
 stored_option_is() { [ -n "$(stored_option "$1")" ]; }
 
 change_greetings_page() {
-    xdotool key ctrl+a
+    press ctrl+a
     xdotool type Grace
-    xdotool key Tab space Tab Right Tab ctrl+a
+    press Tab space Tab Right Tab ctrl+a
     xdotool type "Hello {UserName}"
 }

@@ -13,8 +13,8 @@ expect_heard() {
     shift
     start_recording "$desktop/heard.raw"
     "$@"
-    expect_within 5 "$what: a balloon comes" balloon_visible
-    expect_within 20 "$what: it ends" is_silent
+    expect_soon "$what: a balloon comes" balloon_visible
+    expect_soon "$what: it ends" is_silent
     end_recording
     seconds=$(seconds_heard "$desktop/heard.raw")
     expect "$what: it is heard, not $seconds s" is_between 0.5 "$seconds" 15
@@ -23,7 +23,7 @@ expect_heard() {
 # type_into NAME TEXT: replaces what is in a box.
 type_into() {
     click_at "$1"
-    xdotool key ctrl+a
+    press ctrl+a
     xdotool type "$2"
 }
 
@@ -34,7 +34,6 @@ test_VoicePage_UsedByMouse_IsHeardAndStored() {
     copy_text "$short_text"
     expect_heard "Read Clipboard Now" click_at cmdReadClipboard
     go_to_tab voice
-    let_it_rest # The list fills.
     click_at lstTTS # One of those in the middle.
     expect_heard "Test" click_at "cmdTTSVoice(0)"
     expect_not "a test stores nothing" setting_is_there TTSModeID
@@ -45,10 +44,10 @@ test_VoicePage_UsedByMouse_IsHeardAndStored() {
     click_at tabTTS/1
     click_at "chkAdvSpkTags(0)"
     click_at "sldAdvSpeak(0)"
-    xdotool key End
+    press End
     expect_heard "Test of the modifiers" click_at "cmdTTSVoice(0)"
     click_at "cmdTTSVoice(2)"
-    expect_within 5 "the modifiers are stored" modifiers_are "$voice" "10000,400,"
+    expect_soon "the modifiers are stored" modifiers_are "$voice" "10000,400,"
     expect_heard "Reset of the modifiers" click_at "cmdTTSVoice(1)"
     expect_not "the modifiers are gone" grep -q 10000,400 "$(settings_file)"
     click_at tabTTS/0
@@ -63,25 +62,24 @@ test_BalloonAndGreetingsPages_UsedByMouse_AreHeardAndStored() {
     companion_on_desktop
     open_options
     go_to_tab balloon
-    let_it_rest # The list fills.
     type_into cboFontName "DejaVu Sans Mono"
     type_into cboFontSize 14
     type_into txtCharsPerLine 20
     type_into txtNumberOfLines 2
     click_at "chkBalloon(1)" # No longer sized to the text: two lines of twenty letters.
     click_at "cmdSetFont(0)"
-    expect_within 3 "the font is stored" setting_is FontName "DejaVu Sans Mono"
+    expect_soon "the font is stored" setting_is FontName "DejaVu Sans Mono"
     expect "its size is stored" setting_is FontSize 14
     # Lines, letters, and the bits for showing, hiding and pacing.
     expect "the style is stored, not $(stored_setting BalloonStyle)" setting_is BalloonStyle "&H0214000D"
     go_to_tab greetings
     type_into "txtGreeting(0)" "Good day. I can be heard and read."
     click_at cmdTestWelcome
-    expect_within 5 "a greeting is shown" balloon_visible
-    expect_within 20 "the greeting ends" is_silent
+    expect_soon "a greeting is shown" balloon_visible
+    expect_soon "the greeting ends" is_silent
     go_to_tab balloon
     click_at "cmdSetFont(1)"
-    expect_within 3 "the font is stored no more" eval '! setting_is FontName "DejaVu Sans Mono"'
+    expect_soon "the font is stored no more" eval '! setting_is FontName "DejaVu Sans Mono"'
     go_to_tab greetings
     expect_heard "Test Greeting" click_at cmdTestWelcome
     expect "it ends well" parlune_end
@@ -101,7 +99,7 @@ expect_opened() {
     shift
     rm -f "$desktop/opened"
     "$@"
-    expect_within 5 "$address is opened" test -s "$desktop/opened"
+    expect_soon "$address is opened" test -s "$desktop/opened"
     expect "it is that page: $(cat "$desktop/opened")" [ "$(<"$desktop/opened")" = "$address" ]
 }
 
@@ -110,23 +108,18 @@ test_AboutPageAndDownloadMenu_ByMouseAndKeyboard_OpenWebPages() {
     put_opener
     companion_on_desktop
     open_options
-    xdotool key --delay 200 alt+h a # "About..."
-    let_it_rest
+    press alt+h a # "About..."
     expect_opened https://parlune.example/ click_at imgParlune
     expect_opened https://parlune.example/agent-ring click_at imgAgentRing
     expect_opened https://parlune.example/ click_at "lblURL(2)"
     expect_opened https://parlune.example/agent-ring click_at "lblURL(1)"
     expect_opened https://parlune.example/scripting click_at "lblURL(0)"
-    xdotool key Tab # From the last link to the last picture.
-    expect_opened https://parlune.example/agent-ring xdotool key space
-    expect_opened https://parlune.example/characters xdotool key --delay 200 alt+d Return
-    expect_opened https://parlune.example/speech-engines xdotool key --delay 200 alt+d Down Return
+    press Tab # From the last link to the last picture.
+    expect_opened https://parlune.example/agent-ring press space
+    expect_opened https://parlune.example/characters press alt+d Return
+    expect_opened https://parlune.example/speech-engines press alt+d Down Return
     expect "it ends well" parlune_end
 }
-
-# press KEY...: at a pace that leaves the program the time to follow.
-press() { xdotool key --delay 60 "$@"; }
-press_repeatedly() { xdotool key --delay 60 --repeat "$1" "$2"; }
 
 test_VoiceBalloonAndGreetingsPages_ByKeyboard_AreHeardAndStored() {
     desktop_start
@@ -165,8 +158,8 @@ use_modifiers() {
     press Down                     # The first characteristic; it ticks its box.
     press_repeatedly 5 Tab         # Over the context and the text to Set.
     press space
-    expect_within 5 "the modifiers are stored" grep -q '=10010,400,[0-9]*,32767,0,-1' "$(settings_file)"
-    expect_within 20 "what it says ends" is_silent
+    expect_soon "the modifiers are stored" grep -q '=10010,400,[0-9]*,32767,0,-1' "$(settings_file)"
+    expect_soon "what it says ends" is_silent
 }
 
 use_balloon() {
@@ -179,7 +172,7 @@ use_balloon() {
     press Tab
     xdotool type 2
     press Tab space
-    expect_within 5 "the font is stored" setting_is FontName "DejaVu Serif"
+    expect_soon "the font is stored" setting_is FontName "DejaVu Serif"
     expect "its size is stored" setting_is FontSize 12
     expect "the style is stored, not $(stored_setting BalloonStyle)" setting_is BalloonStyle "&H0218000F"
 }

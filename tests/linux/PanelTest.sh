@@ -11,6 +11,6 @@ test_Panel_ThatComesUnderTheCharacter_PushesItIntoTheWorkArea() {
     expect "the character stands low" [ "$(top_of_character)" -gt 540 ]
     desktop_server trayer trayer --edge bottom --height 200 --widthtype percent --width 100 --SetDockType true \
         --SetPartialStrut true
-    expect_within 10 "the character stands on the panel" bottom_of_character_is 600
+    expect_soon "the character stands on the panel" bottom_of_character_is 600
     expect "it ends well" parlune_end
 }

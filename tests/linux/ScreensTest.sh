@@ -8,9 +8,9 @@ stands_between() { is_between "$1" "$(left_of_character)" $(($2 - 128)); }
 drag_character() {
     point_at_character
     xdotool mousedown 1
-    sleep 0.1
+    expect_soon "it is held" has_caught_up
     xdotool mousemove "$1" "$2"
-    sleep 0.1
+    expect_soon "it is drawn" has_caught_up
     xdotool mouseup 1
 }
 
@@ -21,10 +21,10 @@ test_Screen_TakenAwayUnderTheCharacter_BringsItToTheOther() {
     companion_on_desktop
     expect "it comes on the first screen, at $(left_of_character)" stands_between 0 640
     drag_character 1000 300
-    expect_within 5 "it is dragged to the second screen" stands_between 640 1280
-    sleep 1
+    expect_soon "it is dragged to the second screen" stands_between 640 1280
+    expect_soon "it stands still" stands_still character_window
     expect "it stays there" stands_between 640 1280
     xrandr --delmonitor two
-    expect_within 5 "it comes back to the first screen" stands_between 0 640
+    expect_soon "it comes back to the first screen" stands_between 0 640
     expect "it ends well" parlune_end
 }

@@ -19,9 +19,9 @@ test_Tray_StartedLate_ShowsTheIcon() {
     put_option FirstTime 0
     put_option ReadGreeting 0
     parlune_start
-    expect_within 20 "the character is on the desktop" character_visible
+    expect_soon "the character is on the desktop" character_visible
     start_tray
-    expect_within 10 "its icon is in the tray" icon_in_tray
+    expect_soon "its icon is in the tray" icon_in_tray
     expect "it ends well" parlune_end
 }
 
@@ -29,27 +29,27 @@ test_Tray_KilledAndRestarted_ShowsTheIconAgain() {
     desktop_start nosound
     start_tray
     waiting_in_the_tray
-    expect_within 10 "its icon is in the tray" icon_in_tray
+    expect_soon "its icon is in the tray" icon_in_tray
     kill -9 "$tray_pid"
-    expect_within 5 "the tray has gone" no_icon_in_tray
-    sleep 2
+    expect_soon "the tray has gone" no_icon_in_tray
+    expect_soon "the program has seen it" has_caught_up
     expect "the program lives" parlune_runs
     start_tray
-    expect_within 10 "its icon is in the new tray" icon_in_tray
+    expect_soon "its icon is in the new tray" icon_in_tray
     kill "$tray_pid"
-    expect_within 5 "that tray has gone" no_icon_in_tray
+    expect_soon "that tray has gone" no_icon_in_tray
     start_tray
-    expect_within 10 "its icon is in the third tray" icon_in_tray
+    expect_soon "its icon is in the third tray" icon_in_tray
     expect "it ends well" parlune_end
 }
 
 test_Tray_ThatNeverComes_LeavesASecondStartAsTheWay() {
     desktop_start nosound
     waiting_in_the_tray
-    sleep 2
+    expect_soon "it has started" answers_another_start
     expect "the program lives" parlune_runs
     "$program" >/dev/null 2>&1
-    expect_within 5 "the options window comes" options_visible
+    expect_soon "the options window comes" options_visible
     expect "it ends well" parlune_end
 }
 
@@ -58,15 +58,13 @@ test_Close_WithMinimizeOnClose_WithoutATray_StaysInTheTaskBar() {
     desktop_start nosound
     put_option MinimizeOnClose 1
     waiting_in_the_tray
-    sleep 2
+    expect_soon "it has started" answers_another_start
     "$program" >/dev/null 2>&1
-    expect_within 5 "the options window comes" options_visible
-    local window
-    window=$(options_window)
-    xdotool key --window "$window" alt+F4
-    sleep 1
+    expect_soon "the options window comes" options_visible
+    click_close_button "$(options_window)"
+    expect_soon "the window goes" eval '! options_visible'
     expect "the program lives" parlune_runs
     "$program" >/dev/null 2>&1
-    expect_within 5 "the options window comes back" options_visible
+    expect_soon "the options window comes back" options_visible
     expect "it ends well" parlune_end
 }

@@ -8,9 +8,9 @@ test_Start_HiddenInTheTray_CostsNothing() {
     put_option StartUpHideInTray 1
     put_option SayTime 0
     parlune_start
-    expect_within 10 "its icon is in the tray" icon_in_tray
+    expect_soon "its icon is in the tray" icon_in_tray
     expect_not "no character comes" wait_until 3 character_visible
-    expect_within 30 "no processor time in five seconds" at_rest
+    expect_soon "no processor time in five seconds" at_rest
     expect "it ends well" parlune_end
 }
 # Fails when the program uses more than one tick of processor time in five seconds.

@@ -6,23 +6,22 @@ options_on_desktop() {
     desktop_start nosound
     put_option ReadGreeting 0
     parlune_start
-    expect_within 20 "the options window comes" options_visible || return
-    expect_within 20 "the character comes" character_visible || return
+    expect_soon "the options window comes" options_visible || return
+    expect_soon "the character comes" character_visible || return
     window=$(options_window)
     xdotool windowactivate --sync "$window"
-    let_it_rest # What the start still does is over.
+    expect_soon "the start is over" has_caught_up
 }
 
-page_picture() { import -window "$window" "$1"; }
+page_picture() { import -window "${2:-$window}" "$1"; }
 
 # The pictures of all pages are kept.
 test_Pages_TurnedByKey_AreSevenDifferentOnes() {
     options_on_desktop || return
     local page
     for page in 0 1 2 3 4 5 6; do
-        let_it_rest # The lists of a page fill when it is first seen.
         page_picture "$kept/page$page.png"
-        xdotool key ctrl+Page_Down
+        press ctrl+Page_Down
     done
     expect "seven different pages" [ "$(md5sum "$kept"/page?.png | cut -d ' ' -f 1 | sort -u | wc -l)" = 7 ]
     expect "it ends well" parlune_end
@@ -30,9 +29,9 @@ test_Pages_TurnedByKey_AreSevenDifferentOnes() {
 
 test_Box_TickedByKeyAndExitByMenu_IsStored() {
     options_on_desktop || return
-    xdotool key --delay 100 Tab space # From the box that has the focus to the next one, "Minimize when clicking Close button".
-    xdotool key --delay 200 alt+f x
-    expect_within 10 "Exit ends the program" has_ended "$parlune_pid"
+    press Tab space # From the box that has the focus to the next one, "Minimize when clicking Close button".
+    press alt+f x
+    expect_soon "Exit ends the program" has_ended "$parlune_pid"
     expect "the box is cleared" [ "$(stored_option MinimizeOnClose)" = 0 ]
 }
 
@@ -48,9 +47,26 @@ click_close_button() {
 test_Window_ClosedByItsButton_StaysReachable() {
     options_on_desktop || return
     click_close_button
-    expect_within 5 "the window goes" eval '! options_visible'
+    expect_soon "the window goes" eval '! options_visible'
     expect "the program runs on" parlune_runs
-    timeout 5 "$program"
-    expect_within 5 "a second start brings the window back" options_visible
+    timeout "$long_enough" "$program"
+    expect_soon "a second start brings the window back" options_visible
     expect "it ends well" parlune_end
 }
+
+# The start is over within a tenth of a second; the splash window stays until a person has seen it. Its picture is kept.
+test_Start_WithSplash_CanBeSeenAndGoes() {
+    desktop_start nosound
+    put_option ShowSplash 1
+    put_option FirstTime 0
+    put_option ReadGreeting 0
+    parlune_start
+    expect_soon "it is there" splash_visible || return
+    expect_soon "the character is on the desktop" character_visible
+    page_picture "$kept/splash.png" "$(splash_window)"
+    expect_soon "it goes" eval '! splash_visible'
+    expect "the program runs on" parlune_runs
+    expect "it ends well" parlune_end
+}
+splash_window() { visible_window '^Parlune$'; }
+splash_visible() { [ -n "$(splash_window)" ]; }

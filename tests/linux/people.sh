@@ -6,8 +6,8 @@ companion_on_desktop() {
     put_option FirstTime 0
     put_option ReadGreeting 0
     parlune_start "$@"
-    expect_within 20 "the character is on the desktop" character_visible
-    expect_within 10 "the character stands still" stands_still character_window
+    expect_soon "the character is on the desktop" character_visible
+    expect_soon "the character stands still" stands_still character_window
 }
 
 # True when the window is there and keeps its place for half a second: the character moves to its place on its first way.
@@ -47,26 +47,17 @@ seconds_heard() {
 # is_between LOW X HIGH, with fractions.
 is_between() { awk -v low="$1" -v x="$2" -v high="$3" 'BEGIN { exit !(low <= x && x <= high) }'; }
 
-parlune_runs() { ! has_ended "$parlune_pid"; }
+# From then on a start of the program brings this one to the front.
+answers_another_start() { [ -S "$XDG_RUNTIME_DIR/parlune.socket" ] && has_caught_up; }
 
-# Waits until the program has done what it began: none of its threads wants the processor, several times in a row. On a busy
-# machine a thread that waits for the processor counts as one that works.
-let_it_rest() { wait_until 30 rests; }
-rests() {
-    local i before
-    before=$(processor_ticks)
-    for i in 1 2 3 4; do
-        sleep 0.1
-        ! sed 's/^.*) //' /proc/"$parlune_pid"/task/*/stat 2>/dev/null | grep -q '^[RD]' || return
-    done
-    [ $(($(processor_ticks) - before)) -le 3 ]
-}
+parlune_runs() { ! has_ended "$parlune_pid"; }
 
 # Processor time of the program so far, in hundredths of a second.
 processor_ticks() { awk '{ print $14 + $15 }' "/proc/$parlune_pid/stat"; }
 
-# Something that takes about two, five and twelve seconds to say.
+# Something that takes about two, five and twelve seconds to say, and some minutes: its silence has another reason than its end.
 short_text="This is the second text."
 middle_text="The first text is longer. It talks about the weather, which is fine today, and about nothing else."
 long_text="The long text goes on and on. It talks about the weather, which is fine today, and about the garden. Then it talks about
 the roses in the garden, about the bees in the roses, and about the honey that the bees will make of them in the summer."
+endless_text=$(for _ in {1..20}; do echo "$long_text"; done)

@@ -18,8 +18,9 @@ read_places() {
 open_options() {
     read_places
     "$program"
-    wait_until 30 options_visible || fail "The options window does not come."
+    wait_until "$long_enough" options_visible || fail "The options window does not come."
     xdotool windowactivate --sync "$(options_window)"
+    wait_until "$long_enough" has_caught_up
 }
 
 # point_at NAME: moves the pointer to a control. A check box is where its mark is, at its left end.
@@ -34,11 +35,12 @@ point_at() {
 click_at() {
     point_at "$1"
     xdotool click 1
+    wait_until "$long_enough" has_caught_up
 }
 
 double_click_at() {
     point_at "$1"
-    xdotool click --repeat 2 --delay 60 1
+    double_click
 }
 
 # go_to_tab NAME: opens a page of the options window.

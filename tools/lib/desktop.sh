@@ -36,8 +36,8 @@ desktop_start() {
     desktop_server bus dbus-daemon --session --nofork --nopidfile --address="unix:path=$desktop/runtime/bus"
     export DBUS_SESSION_BUS_ADDRESS=unix:path=$desktop/runtime/bus
     desktop_server openbox openbox --config-file "$root/tools/lib/openbox.xml"
-    wait_until 30 test -S "$desktop/runtime/bus" || fail "The session bus did not start: $(cat "$desktop/bus.log")"
-    wait_until 30 window_manager_runs || fail "The window manager did not start: $(cat "$desktop/openbox.log")"
+    wait_until "$long_enough" test -S "$desktop/runtime/bus" || fail "The session bus did not start: $(cat "$desktop/bus.log")"
+    wait_until "$long_enough" window_manager_runs || fail "The window manager did not start: $(cat "$desktop/openbox.log")"
     [ "${1:-}" = nosound ] || desktop_start_sound
 }
 
@@ -49,6 +49,7 @@ desktop_start_display() {
     local number='' attempt
     for attempt in 1 2 3; do
         desktop_server xvfb Xvfb -displayfd 7 -screen 0 1280x800x24 -dpi 96 -nolisten tcp -noreset
+        desktop_display_pid=${desktop_pids[-1]}
         wait_for_display && break
     done
     exec 7>&-
@@ -72,7 +73,7 @@ window_manager_runs() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window i
 
 desktop_start_compositor() {
     desktop_server picom picom --backend xrender --config /dev/null
-    wait_until 10 xdotool search --name '^picom$' || fail "The compositor did not start: $(cat "$desktop/picom.log")"
+    wait_until "$long_enough" xdotool search --name '^picom$' || fail "The compositor did not start: $(cat "$desktop/picom.log")"
 }
 
 # A sound server with one sink that goes nowhere. Without norewinds its buffer is two seconds long and the first sound late.
@@ -81,7 +82,7 @@ desktop_start_sound() {
         -L "module-native-protocol-unix" \
         -L "module-null-sink sink_name=null rate=22050 channels=1 norewinds=1"
     desktop_sound_pid=${desktop_pids[-1]}
-    wait_until 30 pactl info || fail "The sound server did not start: $(cat "$desktop/pulseaudio.log")"
+    wait_until "$long_enough" pactl info || fail "The sound server did not start: $(cat "$desktop/pulseaudio.log")"
 }
 
 # Ends all servers, newest first, and removes the folder.
@@ -106,7 +107,7 @@ start_recording() {
     parec -d null.monitor --format=s16le --rate=22050 --channels=1 --latency-msec=20 --raw >"$1" 2>"$desktop/parec.log" &
     recording_pid=$!
     desktop_pids+=("$recording_pid")
-    wait_until 5 test -s "$1"
+    wait_until "$long_enough" test -s "$1"
 }
 
 end_recording() { end_process "$recording_pid"; }

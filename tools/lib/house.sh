@@ -29,8 +29,10 @@ build_preset() {
         logged "build-$preset" nice -n "${patience:-0}" cmake --build "$root/build/$preset" ${1:+--target "$@"}
 }
 
-# wait_until SECONDS COMMAND...: runs the command again and again until it succeeds; fails after twenty tries for each second. A
-# machine that has much to do takes longer for them, so nothing fails there for want of time.
+# Seconds after which something that should happen will not happen any more, on a machine that has much else to do.
+long_enough=60
+
+# wait_until SECONDS COMMAND...: runs the command again and again until it succeeds. Fails when the time is over.
 wait_until() {
     local looks=$(($1 * 20))
     shift

@@ -28,10 +28,10 @@ parlune_start() {
     parlune_pid=$!
 }
 
-# Ends Parlune as the session's end does; fails if it does not end within ten seconds with exit code 0.
+# Ends Parlune as the session's end does; fails if it does not end with exit code 0.
 parlune_end() {
     kill -"${1:-TERM}" "$parlune_pid"
-    if ! wait_until 10 has_ended "$parlune_pid"; then parlune_kill; return 1; fi
+    if ! wait_until "$long_enough" has_ended "$parlune_pid"; then parlune_kill; return 1; fi
     local code=0 pid=$parlune_pid
     parlune_pid=
     wait "$pid" || code=$?
@@ -44,6 +44,38 @@ parlune_kill() {
     wait "$parlune_pid" 2>/dev/null || true
     parlune_pid=
 }
+
+# True when the program has handled everything that it was given: it waits for events, five times in a row, or has ended.
+has_caught_up() {
+    local i state
+    for i in 1 2 3 4 5; do
+        state=Z
+        read -r _ _ state _ <"/proc/$parlune_pid/stat"
+        [ "$state" = S ] || [ "$state" = Z ] || return
+        sleep 0.03
+    done
+}
+
+# press KEY...: one after the other, as a person does who looks at what each does.
+press() {
+    local key
+    for key; do
+        xdotool key "$key"
+        wait_until "$long_enough" has_caught_up || return
+    done
+}
+
+# press_repeatedly NUMBER KEY
+press_repeatedly() {
+    local i
+    for ((i = 0; i < $1; i++)); do press "$2"; done
+}
+
+# What is pressed next is no double click together with what was pressed before.
+let_the_click_end() { sleep 0.6; }
+
+# Two clicks so close that the machine can hardly come between them.
+double_click() { xdotool click --repeat 2 --delay 10 1; }
 
 visible_window() { xdotool search --onlyvisible --name "$1" 2>/dev/null | head -n 1; }
 character_window() { visible_window '^Parlune character$'; }
@@ -70,7 +102,7 @@ point_at_character() {
 
 double_click_character() {
     point_at_character
-    xdotool click --repeat 2 --delay 60 1
+    double_click
 }
 
 # Nothing has been heard for a second: no stream of the program runs.
