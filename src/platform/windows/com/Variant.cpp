@@ -2,6 +2,7 @@
 #include "platform/Failure.h"
 #include "platform/windows/com/Bstr.h"
 #include "platform/windows/com/Failures.h"
+#include <limits>
 
 namespace platform::windowsdesktop::com {
 namespace {
@@ -9,12 +10,27 @@ namespace {
 // The system's functions take what they only read as if they changed it.
 VARIANT* Source(const VARIANT& value) { return const_cast<VARIANT*>(&value); }
 
-// A value that refers to a place which does not exist must not be followed.
-bool RefersToNothing(const VARIANT& value)
+constexpr VARTYPE ReferenceToValue = VT_BYREF | VT_VARIANT;
+
+bool RefersToNothing(const VARIANT& value) { return (V_VT(&value) & VT_BYREF) != 0 && !V_BYREF(&value); }
+
+// A value that refers to a place which does not exist must not be followed; nor one that refers to another such reference,
+// which may be itself.
+bool LeadsNowhere(const VARIANT& value)
 {
-    if ((V_VT(&value) & VT_BYREF) == 0)
-        return false;
-    return !V_BYREF(&value) || (V_VT(&value) == (VT_BYREF | VT_VARIANT) && RefersToNothing(*V_VARIANTREF(&value)));
+    if (V_VT(&value) != ReferenceToValue || RefersToNothing(value))
+        return RefersToNothing(value);
+    const VARIANT& other = *V_VARIANTREF(&value);
+    return V_VT(&other) == ReferenceToValue || RefersToNothing(other);
+}
+
+// A date that no calendar has is an argument that the system's functions do not take: for us, too, a value that does not
+// fit.
+void CheckValue(HRESULT result)
+{
+    if (result == E_INVALIDARG)
+        throw failure::TypeMismatch();
+    Check(result);
 }
 
 }
@@ -77,10 +93,10 @@ CVariant CVariant::Omitted()
 
 CVariant CVariant::Copy(const VARIANT& value)
 {
-    if (RefersToNothing(value))
+    if (LeadsNowhere(value))
         throw failure::TypeMismatch();
     CVariant copy;
-    Check(VariantCopyInd(&copy.m_value, Source(value)));
+    CheckValue(VariantCopyInd(&copy.m_value, Source(value)));
     return copy;
 }
 
@@ -96,7 +112,7 @@ CVariant CVariant::ChangedTo(VARTYPE type) const
     if (plain.IsObject())  // Not even if it has a value of its own: who is asked for a number gives a number.
         throw failure::TypeMismatch();
     CVariant changed;
-    Check(VariantChangeType(&changed.m_value, Source(plain.m_value), VARIANT_ALPHABOOL, type));
+    CheckValue(VariantChangeType(&changed.m_value, Source(plain.m_value), VARIANT_ALPHABOOL, type));
     return changed;
 }
 
@@ -112,10 +128,13 @@ bool CVariant::Truth() const
     return V_BOOL(&truth.m_value) != VARIANT_FALSE;
 }
 
+// Asked for a short number, not every system looks whether it is one.
 std::int16_t CVariant::Short() const
 {
-    const CVariant number = ChangedTo(VT_I2);
-    return V_I2(&number.m_value);
+    const std::int32_t number = Long();
+    if (number < std::numeric_limits<std::int16_t>::min() || number > std::numeric_limits<std::int16_t>::max())
+        throw failure::Overflow();
+    return static_cast<std::int16_t>(number);
 }
 
 std::int32_t CVariant::Long() const
