@@ -72,4 +72,40 @@ TEST(LineCutter, ReadFrom_AText_HasItsLinesOnly)
     EXPECT_EQ(lines, "one|two|");
 }
 
+TEST(LineCutter, AppendLine_ReturnAtTheEndOfAPieceBeforeAnotherLine_IsOneEnd)
+{
+    EXPECT_EQ(LinesOf({"a\r", "b"}), (Lines{"a", "b"}));
+}
+
+TEST(LineCutter, AppendLine_LineFeedsBehindACutEnd_AreEmptyLines)
+{
+    EXPECT_EQ(LinesOf({"a\r", "\n\nb"}), (Lines{"a", "", "b"}));
+}
+
+TEST(LineCutter, AppendLine_CutEndAtTheEndOfTheFile_BeginsNoFurtherLine) { EXPECT_EQ(LinesOf({"a\r", "\n"}), Lines{"a"}); }
+
+TEST(LineCutter, AppendLine_ReturnsBeforeTheLineFeed_EndTheirOwnLines)
+{
+    EXPECT_EQ(LinesOf({"a\rb\rc\nd\re"}), (Lines{"a", "b", "c", "d", "e"}));
+}
+
+TEST(LineCutter, IsUtf16_EmptyFile_IsNot)
+{
+    CLineCutter cutter([](std::string& piece) { piece.clear(); });
+    EXPECT_FALSE(cutter.IsUtf16());
+    std::string line;
+    EXPECT_FALSE(cutter.AppendLine(line));
+}
+
+TEST(LineCutter, ReadFrom_AfterThePieceWasLookedAt_TakesItsPlace)
+{
+    CLineCutter cutter([](std::string& piece) { piece = "\xFF\xFEsource\nmore\n"; });
+    ASSERT_TRUE(cutter.IsUtf16());
+    cutter.ReadFrom("one\ntwo\n");
+    std::string lines;
+    while (cutter.AppendLine(lines))
+        lines += '|';
+    EXPECT_EQ(lines, "one|two|");
+}
+
 }

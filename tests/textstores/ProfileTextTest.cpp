@@ -177,4 +177,85 @@ TEST(WithoutProfileSection, ByteOrderMark_Stays)
     EXPECT_EQ(WithoutProfileSection("\xEF\xBB\xBF[A]\nK=1\n", "A"), "\xEF\xBB\xBF");
 }
 
+TEST(ReadProfileValue, SectionNameWithBlanksAround_IsTheSame) { EXPECT_EQ(Value(" [ A ] \nK=1\n", " A ", " K "), "1"); }
+
+TEST(ReadProfileValue, HeadingWithSomethingBehind_IsAHeading) { EXPECT_EQ(Value("[A] note\nK=1\n", "A", "K"), "1"); }
+
+TEST(ReadProfileValue, HeadingWithoutItsBracket_IsNone) { EXPECT_EQ(Value("[A]\n[B\nK=1\n", "A", "K"), "1"); }
+
+TEST(ReadProfileValue, LineThatBeginsWithEquals_IsNoKey) { EXPECT_EQ(Value("[A]\n=1\nK=2\n", "A", ""), "(nothing)"); }
+
+TEST(ReadProfileValue, TwoKeysOfOneName_TheFirstCounts) { EXPECT_EQ(Value("[A]\nK=1\nk=2\n", "A", "K"), "1"); }
+
+TEST(ReadProfileValue, LastLineWithoutEnd_IsRead) { EXPECT_EQ(Value("[A]\nK=12", "A", "K"), "12"); }
+
+TEST(ReadProfileValue, EverySortOfBlankAround_IsNotPartOfTheValue)
+{
+    EXPECT_EQ(Value("[A]\nK=\t\v\f x \t\r\n", "A", "K"), "x");
+}
+
+TEST(ReadProfileValue, SingleQuotes_AreTakenOffToo) { EXPECT_EQ(Value("[A]\nK=' x '\n", "A", "K"), " x "); }
+
+TEST(ReadProfileValue, QuotesWithNothingInside_AreNothing) { EXPECT_EQ(Value("[A]\nK=\"\"\n", "A", "K"), ""); }
+
+TEST(ReadProfileKeys, SecondSectionOfOneName_IsLeftOut) { EXPECT_EQ(ReadProfileKeys("[A]\nK=1\n[a]\nL=1\n", "A"), "K\0"s); }
+
+TEST(WithProfileValue, BlanksAroundNames_AreNotWritten)
+{
+    EXPECT_EQ(WithProfileValue("", " A ", " K ", "1"), "[A]\r\nK=1\r\n");
+}
+
+TEST(WithProfileValue, LastKeyOfAMiddleSection_StaysInIt)
+{
+    EXPECT_EQ(WithProfileValue("[A]\n[B]\nK=1\n", "A", "L", "2"), "[A]\nL=2\n[B]\nK=1\n");
+}
+
+TEST(WithProfileValue, SeveralBlankLinesAtTheSectionsEnd_AllStayBehindTheNewKey)
+{
+    EXPECT_EQ(WithProfileValue("[A]\nK=1\n \n\n[B]\n", "A", "L", "2"), "[A]\nK=1\nL=2\n \n\n[B]\n");
+}
+
+TEST(WithProfileValue, TextOfAMarkOnly_KeepsItAndGetsNoEmptyLine)
+{
+    EXPECT_EQ(WithProfileValue("\xEF\xBB\xBF", "A", "K", "1"), "\xEF\xBB\xBF[A]\r\nK=1\r\n");
+}
+
+TEST(WithProfileValue, NewSectionBehindALineWithoutEnd_BeginsALine)
+{
+    EXPECT_EQ(WithProfileValue("[A]\nK=1", "B", "L", "2"), "[A]\nK=1\n[B]\nL=2\n");
+}
+
+TEST(WithProfileValue, TextThatBeginsWithALineFeed_GetsLineFeeds)
+{
+    EXPECT_EQ(WithProfileValue("\n[A]\r\n", "A", "K", "1"), "\n[A]\r\nK=1\n");
+}
+
+TEST(WithProfileValue, KeyWithACommentSignInside_IsKept)
+{
+    EXPECT_EQ(WithProfileValue("", "A", "K;[", "1"), "[A]\r\nK;[=1\r\n");
+}
+
+TEST(WithoutProfileKey, SecondSectionOfOneName_KeepsItsKey)
+{
+    EXPECT_EQ(WithoutProfileKey("[A]\nK=1\n[a]\nK=2\n", "A", "K"), "[A]\n[a]\nK=2\n");
+}
+
+TEST(WithoutProfileKey, ByteOrderMarkAndBlanksAroundTheName_DoNotMatter)
+{
+    EXPECT_EQ(WithoutProfileKey("\xEF\xBB\xBF[A]\nK=1\nL=2\n", "A", " K "), "\xEF\xBB\xBF[A]\nL=2\n");
+    EXPECT_EQ(WithoutProfileKey("\xEF\xBB\xBF", "A", "K"), "\xEF\xBB\xBF");
+}
+
+TEST(WithoutProfileSection, LinesBeforeTheFirstHeading_Stay)
+{
+    EXPECT_EQ(WithoutProfileSection("note\n[A]\nK=1\n", " A "), "note\n");
+}
+
+TEST(ReadProfileValue, HeadingWithAnEqualsSign_IsAHeading) { EXPECT_EQ(Value("[A=B]\nK=1\n", "A=B", "K"), "1"); }
+
+TEST(WithoutProfileKey, KeyNamedLikeItsSection_LeavesTheHeading)
+{
+    EXPECT_EQ(WithoutProfileKey("[A]\nA=1\nB=2\n", "A", "A"), "[A]\nB=2\n");
+}
+
 }

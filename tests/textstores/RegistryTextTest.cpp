@@ -224,4 +224,211 @@ TEST(RegistryTree, BytesOf_Number_IsLowestByteFirst)
     EXPECT_EQ(BytesOf(std::int32_t{-2}), "\xFE\xFF\xFF\xFF");
 }
 
+TEST(RegistryText, Read_NumbersAtTheirBounds_AreTaken)
+{
+    const RegistryText read = ReadRegistryText("[CurrentUser\\A]\n\"High\" = 2147483647\n\"Low\" = -2147483648\n");
+
+    EXPECT_EQ(read.damagedLines, 0u);
+    EXPECT_EQ(*read.tree.Find(Root::CurrentUser, "A", "High"), RegistryData(std::int32_t{2147483647}));
+}
+
+TEST(RegistryText, Read_NumberWithSomethingBehind_IsDamaged)
+{
+    EXPECT_EQ(ReadRegistryText("[CurrentUser\\A]\n\"N\" = 12x\n").damagedLines, 1u);
+}
+
+TEST(RegistryText, Read_TextWithSomethingBehind_IsDamaged)
+{
+    EXPECT_EQ(ReadRegistryText("[CurrentUser\\A]\n\"N\" = \"a\" b\n").damagedLines, 1u);
+}
+
+TEST(RegistryText, Read_ValueWithoutEqualsSign_IsDamaged)
+{
+    EXPECT_EQ(ReadRegistryText("[CurrentUser\\A]\n\"N\" \"a\"\n").damagedLines, 1u);
+}
+
+TEST(RegistryText, Read_NameWithoutQuotes_IsDamaged)
+{
+    EXPECT_EQ(ReadRegistryText("[CurrentUser\\A]\nName = \"a\"\n").damagedLines, 1u);
+}
+
+TEST(RegistryText, Read_ValueBeforeAnyKey_IsDamaged) { EXPECT_EQ(ReadRegistryText("\"N\" = \"a\"\n").damagedLines, 1u); }
+
+TEST(RegistryText, Read_DefaultValue_IsTheOneWithoutName)
+{
+    const RegistryText read = ReadRegistryText("[CurrentUser\\A]\n@ = \"plain\"\n");
+
+    EXPECT_EQ(TextOf(read.tree, "A", ""), "plain");
+    EXPECT_EQ(read.damagedLines, 0u);
+}
+
+TEST(RegistryText, Read_UnknownEscape_IsDamaged)
+{
+    EXPECT_EQ(ReadRegistryText("[CurrentUser\\A]\n\"N\" = \"\\q\"\n").damagedLines, 1u);
+}
+
+TEST(RegistryText, Read_EscapeAtTheEnd_IsDamaged)
+{
+    EXPECT_EQ(ReadRegistryText("[CurrentUser\\A]\n\"N\" = \"\\").damagedLines, 1u);
+    EXPECT_EQ(ReadRegistryText("[CurrentUser\\A]\n\"N\" = \"\\x1").damagedLines, 1u);
+}
+
+TEST(RegistryText, Read_ByteInHex_TakesTwoDigitsAndNoMore)
+{
+    EXPECT_EQ(TextOf(ReadRegistryText("[CurrentUser\\A]\n\"N\" = \"\\x411\"\n").tree, "A", "N"), "A1");
+    EXPECT_EQ(ReadRegistryText("[CurrentUser\\A]\n\"N\" = \"\\x4g\"\n").damagedLines, 1u);
+}
+
+TEST(RegistryText, Read_PercentInAKeyWithoutTwoDigits_IsDamaged)
+{
+    EXPECT_EQ(ReadRegistryText("[CurrentUser\\A%4]\n").damagedLines, 1u);
+    EXPECT_EQ(ReadRegistryText("[CurrentUser\\100%]\n").damagedLines, 1u);
+    EXPECT_EQ(ReadRegistryText("[CurrentUser\\A%zz]\n").damagedLines, 1u);
+}
+
+TEST(RegistryText, Read_PercentInAKey_IsTheByteOfItsDigits)
+{
+    EXPECT_TRUE(ReadRegistryText("[CurrentUser\\A%2541]\n").tree.HasKey(Root::CurrentUser, "A%41"));
+}
+
+TEST(RegistryText, Read_RootThatOnlyBeginsLikeOne_IsDamaged)
+{
+    EXPECT_EQ(ReadRegistryText("[CurrentUsers]\n").damagedLines, 1u);
+    EXPECT_EQ(ReadRegistryText("[CurrentUser]\n").damagedLines, 0u);
+}
+
+TEST(RegistryText, Read_OneBracketAlone_IsDamaged) { EXPECT_EQ(ReadRegistryText("[\n").damagedLines, 1u); }
+
+TEST(RegistryText, Read_KeyTooDeep_IsDamaged)
+{
+    std::string path = "A";
+    for (int i = 0; i < 32; ++i)
+        path += "\\A";
+
+    EXPECT_EQ(ReadRegistryText("[CurrentUser\\" + path + "]\n").damagedLines, 1u);
+}
+
+TEST(RegistryText, Read_FirstLineLater_DoesNotBegin)
+{
+    const RegistryText read = ReadRegistryText("\n# Parlune registry 1\n# end\n");
+
+    EXPECT_FALSE(read.begins);
+    EXPECT_TRUE(read.ends);
+}
+
+TEST(RegistryText, Read_CommentBehindTheEnd_IsNoEnd)
+{
+    EXPECT_FALSE(ReadRegistryText("# Parlune registry 1\n# end\n# more\n").ends);
+}
+
+TEST(RegistryText, Read_DamagedLineBetweenBeginAndEnd_IsNotSound)
+{
+    EXPECT_FALSE(ReadRegistryText("# Parlune registry 1\njunk\n# end\n").Sound());
+}
+
+TEST(RegistryText, Write_ControlCharacters_AreWrittenAsTheirNumbers)
+{
+    EXPECT_NE(WriteRegistryText(TreeWith("N", std::string("\x1F \x7F"))).find("\"\\x1F \\x7F\""), std::string::npos);
+}
+
+TEST(RegistryText, Write_ClassesBeforeTheUser_InTheOrderOfTheirNames)
+{
+    CRegistryTree tree;
+    tree.CreateKey(Root::CurrentUser, "B");
+    tree.CreateKey(Root::CurrentUser, "a");
+    tree.CreateKey(Root::ClassesRoot, "Z");
+
+    EXPECT_EQ(WriteRegistryText(tree),
+              "# Parlune registry 1\n\n[ClassesRoot\\Z]\n\n[CurrentUser\\a]\n\n[CurrentUser\\B]\n\n# end\n");
+}
+
+TEST(RegistryTree, CreateKey_AsDeepAsAllowed_IsMade)
+{
+    std::string path = "A";
+    for (int i = 0; i < 31; ++i)
+        path += "\\A";
+
+    CRegistryTree tree;
+    EXPECT_TRUE(tree.CreateKey(Root::CurrentUser, path));
+    EXPECT_TRUE(tree.HasKey(Root::CurrentUser, path));
+}
+
+TEST(RegistryTree, CreateKey_OfTheLongestPath_IsMadeAndOneMoreIsRefused)
+{
+    CRegistryTree tree;
+    EXPECT_TRUE(tree.CreateKey(Root::CurrentUser, std::string(2048, 'a')));
+    EXPECT_FALSE(tree.CreateKey(Root::CurrentUser, std::string(2049, 'b')));
+}
+
+TEST(RegistryTree, CreateKey_ThatIsThere_KeepsItsValues)
+{
+    CRegistryTree tree = TreeWith("A", std::string("kept"));
+    EXPECT_TRUE(tree.CreateKey(Root::CurrentUser, Key));
+
+    EXPECT_EQ(TextOf(tree, Key, "A"), "kept");
+}
+
+TEST(RegistryTree, HasKey_OfARoot_IsTrueInAnEmptyTree) { EXPECT_TRUE(CRegistryTree().HasKey(Root::ClassesRoot, "\\")); }
+
+TEST(RegistryTree, Set_BelowAMissingKey_IsRefused)
+{
+    CRegistryTree tree;
+    EXPECT_FALSE(tree.Set(Root::CurrentUser, "Missing", "A", 1));
+    EXPECT_FALSE(tree.HasKey(Root::CurrentUser, "Missing"));
+}
+
+TEST(RegistryTree, Delete_Value_IsGoneAndOnlyThat)
+{
+    CRegistryTree tree = TreeWith("A", std::string("1"));
+    tree.Set(Root::CurrentUser, Key, "B", std::string("2"));
+
+    EXPECT_TRUE(tree.Delete(Root::CurrentUser, Key, "a"));
+    EXPECT_EQ(TextOf(tree, Key, "A"), "(nothing)");
+    EXPECT_EQ(TextOf(tree, Key, "B"), "2");
+}
+
+TEST(RegistryTree, Delete_MissingValueOrKey_IsRefused)
+{
+    CRegistryTree tree = TreeWith("A", 1);
+
+    EXPECT_FALSE(tree.Delete(Root::CurrentUser, Key, "B"));
+    EXPECT_FALSE(tree.Delete(Root::CurrentUser, "Missing", "A"));
+}
+
+TEST(RegistryTree, DeleteKey_BesideALaterOne_IsGoneAlone)
+{
+    CRegistryTree tree;
+    tree.CreateKey(Root::CurrentUser, "A");
+    tree.CreateKey(Root::CurrentUser, "B");
+
+    EXPECT_TRUE(tree.DeleteKey(Root::CurrentUser, "A"));
+    EXPECT_FALSE(tree.HasKey(Root::CurrentUser, "A"));
+    EXPECT_TRUE(tree.HasKey(Root::CurrentUser, "B"));
+}
+
+TEST(RegistryTree, Add_KeysWithoutValues_AreThere)
+{
+    CRegistryTree other;
+    other.CreateKey(Root::ClassesRoot, "Empty");
+    CRegistryTree tree;
+    tree.Add(other);
+
+    EXPECT_TRUE(tree.HasKey(Root::ClassesRoot, "Empty"));
+}
+
+TEST(RegistryTree, Find_BelowAPathTooDeep_IsNothing)
+{
+    EXPECT_EQ(CRegistryTree().Find(Root::CurrentUser, std::string(3000, 'a'), "A"), nullptr);
+}
+
+TEST(RegistryTree, DeleteKey_OfAPathTooLong_IsRefused)
+{
+    EXPECT_FALSE(CRegistryTree().DeleteKey(Root::CurrentUser, std::string(3000, 'a')));
+}
+
+TEST(RegistryTree, Delete_BelowAPathTooLong_IsRefused)
+{
+    EXPECT_FALSE(CRegistryTree().Delete(Root::CurrentUser, std::string(3000, 'a'), "A"));
+}
+
 }

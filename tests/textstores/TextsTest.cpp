@@ -178,4 +178,100 @@ TEST(IsAutostartOn, SwitchedOffByTheUser_IsOff)
     EXPECT_FALSE(IsAutostartOn(""));
 }
 
+TEST(MatchesWildcards, StarInTheMiddle_TakesAsMuchAsNeeded)
+{
+    EXPECT_TRUE(MatchesWildcards("abcabd", "a*bd"));
+    EXPECT_FALSE(MatchesWildcards("abcabd", "a*bc"));
+}
+
+TEST(MatchesWildcards, StarAtTheEnd_TakesNothingToo)
+{
+    EXPECT_TRUE(MatchesWildcards("abc", "abc*"));
+    EXPECT_TRUE(MatchesWildcards("abc", "abc**"));
+    EXPECT_FALSE(MatchesWildcards("abc", "abc*d"));
+}
+
+TEST(MatchesWildcards, StarsBeforeALetterOfSeveralBytes_FindIt)
+{
+    EXPECT_TRUE(MatchesWildcards("ääö", "*ö"));
+    EXPECT_FALSE(MatchesWildcards("ä", "*\xA4"));
+}
+
+TEST(MatchesWildcards, EmptyPattern_MatchesTheEmptyNameOnly)
+{
+    EXPECT_TRUE(MatchesWildcards("", ""));
+    EXPECT_TRUE(MatchesWildcards("", "*"));
+    EXPECT_FALSE(MatchesWildcards("a", ""));
+    EXPECT_FALSE(MatchesWildcards("", "a"));
+}
+
+TEST(SplitCommandLine, QuotesInsideAWord_JoinItsParts) { EXPECT_EQ(SplitCommandLine("a\"b c\"d e"), (Words{"ab cd", "e"})); }
+
+TEST(SplitCommandLine, BackslashOutsideQuotes_IsPartOfTheWord)
+{
+    EXPECT_EQ(SplitCommandLine("C:\\a\\b"), (Words{"C:\\a\\b"}));
+}
+
+TEST(SplitCommandLine, BackslashBeforeAQuoteOutsideQuotes_OpensThem)
+{
+    EXPECT_EQ(SplitCommandLine("a\\\"b c\""), (Words{"a\\b c"}));
+}
+
+TEST(SplitCommandLine, Tabs_SeparateWords) { EXPECT_EQ(SplitCommandLine("\ta\t b\t"), (Words{"a", "b"})); }
+
+TEST(JoinCommandLine, SeveralWords_AreSeparatedByOneBlank) { EXPECT_EQ(JoinCommandLine({"a", "b", "c"}), "a b c"); }
+
+TEST(JoinCommandLine, WordWithATab_IsQuoted) { EXPECT_EQ(JoinCommandLine({"a\tb"}), "\"a\tb\""); }
+
+TEST(AutostartEntry, GraveAccent_IsQuotedForTheExecKey)
+{
+    EXPECT_NE(AutostartEntry("/a`b").find("Exec=\"/a\\\\`b\"\n"), std::string::npos);
+    EXPECT_EQ(AutostartProgram(AutostartEntry("/a`b")), "/a`b");
+}
+
+TEST(AutostartProgram, PathThatIsNotWhole_IsNone)
+{
+    EXPECT_EQ(AutostartProgram("[Desktop Entry]\nExec=\"parlune\"\n"), std::nullopt);
+}
+
+TEST(AutostartProgram, ProgramWithAFieldCode_IsNone)
+{
+    EXPECT_EQ(AutostartProgram("[Desktop Entry]\nExec=\"/opt/parlune %f\"\n"), std::nullopt);
+}
+
+TEST(AutostartProgram, ProgramWithoutQuotes_IsNone)
+{
+    EXPECT_EQ(AutostartProgram("[Desktop Entry]\nExec=/opt/parlune\n"), std::nullopt);
+}
+
+TEST(AutostartProgram, BackslashAtTheEnd_IsNone)
+{
+    EXPECT_EQ(AutostartProgram("[Desktop Entry]\nExec=\"/opt/x\\\\\"\n"), std::nullopt);
+}
+
+TEST(AutostartProgram, SignsInTheMiddle_ComeBack)
+{
+    EXPECT_EQ(AutostartProgram(AutostartEntry("/a\\b")), "/a\\b");
+    EXPECT_EQ(AutostartProgram(AutostartEntry("/a%b")), "/a%b");
+    EXPECT_EQ(AutostartProgram(AutostartEntry("/a$b\"c")), "/a$b\"c");
+}
+
+TEST(WithAutostartProgram, EntryWithoutTheGroup_GetsIt)
+{
+    EXPECT_EQ(WithAutostartProgram("", "/x"), "[Desktop Entry]\r\nExec=\"/x\"\r\n");
+}
+
+TEST(IsAutostartOn, EntryWithoutAProgram_IsOff) { EXPECT_FALSE(IsAutostartOn("[Desktop Entry]\nName=x\n")); }
+
+TEST(IsAutostartOn, OtherLetterCaseOfTheWords_CountsToo)
+{
+    EXPECT_FALSE(IsAutostartOn("[Desktop Entry]\nExec=\"/x\"\nHidden=TRUE\n"));
+    EXPECT_TRUE(IsAutostartOn("[Desktop Entry]\nExec=\"/x\"\nX-GNOME-Autostart-enabled=true\n"));
+}
+
+TEST(SplitCommandLine, BlankBehindAQuoteInsideQuotes_SeparatesNothing)
+{
+    EXPECT_EQ(SplitCommandLine("\"a\\\" b\" c"), (Words{"a\" b", "c"}));
+}
+
 }
