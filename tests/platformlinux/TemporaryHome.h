@@ -35,6 +35,11 @@ public:
         return file ? std::string(std::istreambuf_iterator<char>(file), {}) : "(no file)";
     }
     bool Has(const std::string& name) const { return std::filesystem::exists(Path(name)); }
+    bool HasEntries(const std::string& name) const
+    {
+        std::error_code ignored;
+        return std::filesystem::directory_iterator(Path(name), ignored) != std::filesystem::directory_iterator();
+    }
 
 private:
     std::string m_path;
