@@ -337,3 +337,152 @@ TEST_F(AnimationTest, AVisibleCharacterAtRest_RunsNoTimerWithIdlingOff)
     host.Advance(1000);
     EXPECT_EQ(host.time.Waiting(), 0u);
 }
+
+TEST_F(AnimationTest, AFractionAtTheEndOfABranchsShare_FallsThrough)
+{
+    engine::Animation branching = MakeAnimation("Branch", {MakeFrame(0, 10), MakeFrame(1, 10), MakeFrame(2, 10)});
+    branching.frames[0].branches.push_back({2, 25});
+    LoadWith({branching});
+    host.randomFractions = {0.25};
+    bot->Play("Branch");
+    host.Advance(100);
+    EXPECT_EQ(Pixel(), Green);
+}
+
+TEST_F(AnimationTest, ABranchOf100Percent_IsTakenAlways)
+{
+    engine::Animation branching = MakeAnimation("Branch", {MakeFrame(0, 10), MakeFrame(1, 10), MakeFrame(2, 10)});
+    branching.frames[0].branches.push_back({2, 100});
+    LoadWith({branching});
+    host.randomFractions = {0.9999};
+    bot->Play("Branch");
+    host.Advance(100);
+    EXPECT_EQ(Pixel(), Blue);
+}
+
+TEST_F(AnimationTest, ABranchOnTheLastFrame_LeadsBack)
+{
+    engine::Animation branching = MakeAnimation("Branch", {MakeFrame(1, 10), MakeFrame(2, 10)});
+    branching.frames[1].branches.push_back({0, 100});
+    LoadWith({branching});
+    const RequestRef play = bot->Play("Branch");
+    host.Advance(200);
+    EXPECT_EQ(Pixel(), Green);
+    EXPECT_EQ(StatusOf(play), 4);
+}
+
+TEST_F(AnimationTest, AShortDelay_IsMadeUpFor)
+{
+    LoadWith({MakeAnimation("Long", {MakeFrame(1, 50), MakeFrame(2, 50), MakeFrame(0, 50)})});
+    bot->Play("Long");
+    host.time.HoldUp(700);
+    host.time.RunDue();  // The second frame, 200 milliseconds late.
+    EXPECT_EQ(Pixel(), Blue);
+    host.Advance(299);
+    EXPECT_EQ(Pixel(), Blue);
+    host.Advance(1);
+    EXPECT_EQ(Pixel(), Red);
+}
+
+TEST_F(AnimationTest, ALongDelay_IsNotMadeUpFor)
+{
+    LoadWith({MakeAnimation("Long", {MakeFrame(1, 50), MakeFrame(2, 50), MakeFrame(0, 50)})});
+    bot->Play("Long");
+    host.time.HoldUp(701);
+    host.time.RunDue();  // The second frame, 201 milliseconds late.
+    host.Advance(499);
+    EXPECT_EQ(Pixel(), Blue);
+    host.Advance(1);
+    EXPECT_EQ(Pixel(), Red);
+}
+
+TEST_F(AnimationTest, ADelayLongerThanAFrame_LetsItBeSeenBriefly)
+{
+    LoadWith({MakeAnimation("Short", {MakeFrame(1, 10), MakeFrame(2, 10), MakeFrame(0, 10)})});
+    bot->Play("Short");
+    host.time.HoldUp(250);
+    host.time.RunDue();  // The second frame is over when it comes, 150 milliseconds late.
+    EXPECT_EQ(Pixel(), Red);
+}
+
+TEST_F(AnimationTest, TheSameSoundWithinATenthOfASecond_IsNotBegunAgain)
+{
+    engine::Animation noisy = MakeAnimation("Twice", {MakeFrame(1, 9), MakeFrame(2, 10)});
+    noisy.frames[0].sound = 0;
+    noisy.frames[1].sound = 0;
+    LoadWith({noisy});
+    bot->Play("Twice");
+    host.Advance(90);
+    EXPECT_EQ(host.sound.streams.size(), 1u);
+}
+
+TEST_F(AnimationTest, TheSameSoundAfterATenthOfASecond_IsBegunAgain)
+{
+    engine::Animation noisy = MakeAnimation("Twice", {MakeFrame(1, 10), MakeFrame(2, 10)});
+    noisy.frames[0].sound = 0;
+    noisy.frames[1].sound = 0;
+    LoadWith({noisy});
+    bot->Play("Twice");
+    host.Advance(100);
+    EXPECT_EQ(host.sound.streams.size(), 2u);
+}
+
+TEST_F(AnimationTest, AnotherSoundAtOnce_TakesItsPlace)
+{
+    engine::Character character = Make();
+    character.sounds.push_back(std::make_shared<const std::vector<std::uint8_t>>(MakeWave(300)));
+    engine::Animation noisy = MakeAnimation("Two", {MakeFrame(1, 5), MakeFrame(2, 10)});
+    noisy.frames[0].sound = 0;
+    noisy.frames[1].sound = 1;
+    character.animations.push_back(noisy);
+    LoadShown(character);
+    bot->Play("Two");
+    host.Advance(50);
+    ASSERT_EQ(host.sound.streams.size(), 2u);
+    EXPECT_EQ(host.sound.streams[1].written, 300);
+}
+
+TEST_F(AnimationTest, ASoundThatHasEnded_IsBegunAgainAtOnce)
+{
+    engine::Character character = Make();
+    character.sounds[0] = std::make_shared<const std::vector<std::uint8_t>>(MakeWave(20));
+    engine::Animation noisy = MakeAnimation("Twice", {MakeFrame(1, 5), MakeFrame(2, 10)});
+    noisy.frames[0].sound = 0;
+    noisy.frames[1].sound = 0;
+    character.animations.push_back(noisy);
+    LoadShown(character);
+    bot->Play("Twice");
+    host.Advance(50);
+    EXPECT_EQ(host.sound.streams.size(), 2u);
+}
+
+TEST_F(AnimationTest, ASoundThatStandsStill_IsGivenUpAfterItsLengthAndThreeSeconds)
+{
+    LoadShown();
+    host.sound.broken = true;
+    const RequestRef noisy = bot->Play("Noisy");
+    host.Advance(3499);
+    EXPECT_EQ(StatusOf(noisy), 4);
+    host.Advance(1);
+    EXPECT_EQ(StatusOf(noisy), 0);
+}
+
+TEST_F(AnimationTest, AStopWhileTheExitIsPlayed_LetsTheExitGoOn)
+{
+    engine::Animation slow = MakeAnimation("Slow", {MakeFrame(0, 10), MakeFrame(1, 10), MakeFrame(2, 10)});
+    slow.frames[0].exitFrame = 1;
+    slow.frames[1].exitFrame = 2;
+    LoadWith({slow});
+    bot->Play("Slow");
+    host.Advance(50);
+    bot->StopAll(std::nullopt);
+    host.Advance(50);
+    EXPECT_EQ(Pixel(), Green);
+    bot->Play("Wave");
+    bot->StopAll(std::nullopt);
+    host.Advance(49);
+    EXPECT_EQ(Pixel(), Green);
+    host.Advance(1);
+    EXPECT_EQ(Pixel(), Blue);
+    EXPECT_TRUE(host.RunUntilIdle(1000));
+}

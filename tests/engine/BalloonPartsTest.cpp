@@ -145,3 +145,80 @@ TEST(PlaceBalloon, WithoutRoomAnywhere_StaysInsideTheWorkArea)
     EXPECT_EQ(place.window.top, 0);
     EXPECT_EQ(place.window.left, 412);
 }
+
+TEST(PlaceBalloon, WithJustEnoughRoomAbove_StandsThere)
+{
+    EXPECT_EQ(engine::PlaceBalloon({400, 64, 100, 100}, {200, 50}, Screen).window.top, 0);
+}
+
+TEST(PlaceBalloon, WithOnePixelTooLittleAbove_StandsBelow)
+{
+    EXPECT_EQ(engine::PlaceBalloon({400, 63, 100, 100}, {200, 50}, Screen).window.top, 163);
+}
+
+TEST(PlaceBalloon, WithJustEnoughRoomBelow_StandsThere)
+{
+    EXPECT_EQ(engine::PlaceBalloon({400, 40, 100, 664}, {200, 50}, Screen).window, (Rect{350, 704, 200, 64}));
+}
+
+TEST(PlaceBalloon, WithOnePixelTooLittleBelow_StandsBeside)
+{
+    EXPECT_EQ(engine::PlaceBalloon({400, 40, 100, 665}, {200, 50}, Screen).window.left, 186);
+}
+
+TEST(PlaceBalloon, WithJustEnoughRoomOnTheLeft_StandsThere)
+{
+    EXPECT_EQ(engine::PlaceBalloon({214, 40, 100, 690}, {200, 60}, Screen).window.left, 0);
+}
+
+TEST(PlaceBalloon, WithOnePixelTooLittleOnTheLeft_StandsOnTheRight)
+{
+    EXPECT_EQ(engine::PlaceBalloon({213, 40, 100, 690}, {200, 60}, Screen).window.left, 313);
+}
+
+TEST(PlaceBalloon, WithJustEnoughRoomOnTheRight_StandsThere)
+{
+    EXPECT_EQ(engine::PlaceBalloon({100, 40, 710, 690}, {200, 60}, Screen).window, (Rect{810, 182, 214, 60}));
+}
+
+TEST(PlaceBalloon, WithOnePixelTooLittleOnTheRight_StandsAboveInsideTheWorkArea)
+{
+    EXPECT_EQ(engine::PlaceBalloon({100, 40, 711, 690}, {200, 60}, Screen).window, (Rect{355, 0, 200, 74}));
+}
+
+TEST(PlaceBalloon, BesideAHeadAtTheTop_StaysInsideAndPointsAtTheHead)
+{
+    const BalloonPlace place = engine::PlaceBalloon({400, 0, 100, 730}, {200, 500}, Screen);
+    EXPECT_EQ(place.window, (Rect{186, 0, 214, 500}));
+    EXPECT_EQ(place.tail, (engine::Point{213, 182}));
+}
+
+TEST(PlaceBalloon, ATailTowardsTheLeftCorner_KeepsItsDistance)
+{
+    EXPECT_EQ(engine::PlaceBalloon({-90, 400, 100, 100}, {200, 50}, Screen).tail.x, 16);
+}
+
+TEST(PlaceBalloon, ATailOfANarrowBalloon_IsInItsMiddle)
+{
+    EXPECT_EQ(engine::PlaceBalloon({-90, 400, 100, 100}, {20, 50}, Screen).tail.x, 10);
+}
+
+TEST(PlaceBalloon, OnAScreenFurtherRight_StaysInsideThatOne)
+{
+    const BalloonPlace place = engine::PlaceBalloon({1000, 400, 100, 100}, {200, 50}, {1024, 30, 800, 600});
+    EXPECT_EQ(place.window, (Rect{1024, 336, 200, 64}));
+}
+
+TEST(PlaceBalloon, WiderThanTheWorkArea_BeginsAtItsLeft)
+{
+    EXPECT_EQ(engine::PlaceBalloon({400, 400, 100, 100}, {1100, 50}, Screen).window.left, 0);
+}
+
+TEST(PlaceBalloon, AsWideAsTheWorkAreaAllowsBeside_StandsBeside)
+{
+    EXPECT_EQ(engine::PlaceBalloon({1024, 40, 100, 690}, {1010, 60}, Screen).window.left, 0);
+}
+
+TEST(LineBreaker, ABlankBetweenWords_CountsForTheWidth) { EXPECT_EQ(Broken("abc defg", 8), "abc defg"); }
+TEST(LineBreaker, ABlankTooMany_BreaksTheLine) { EXPECT_EQ(Broken("abc  defg", 8), "abc/defg"); }
+TEST(LineBreaker, AWordBehindACutOne_SharesItsLastLine) { EXPECT_EQ(Broken("abcdefghij kl", 8), "abcdefgh/ij kl"); }

@@ -278,3 +278,70 @@ TEST_F(BalloonTest, AMappedText_AppearsAsOneWord)
     host.Advance(5 + 6 * 60);
     EXPECT_EQ(host.Balloon().Text(), "Dial 1 2 3");
 }
+
+// With 96 dots an inch a pixel is three quarters of a point; a character is 8 pixels wide, a line 16 high.
+TEST_F(BalloonTest, AShortTextInABalloonOfItsSize_KeepsTheSmallestWidth)
+{
+    LoadStyled(On | SizeToText | AutoPace | TwoLinesOfTen);
+    Say("Hi");
+    host.RunUntilIdle();
+    EXPECT_EQ(host.Balloon().picture.textArea.width, 32);
+    EXPECT_EQ(host.Balloon().picture.textArea.height, 16);
+    EXPECT_EQ(host.Balloon().picture.body.width, 32 + 2 * 9);
+}
+
+TEST_F(BalloonTest, ALineInABalloonOfItsSize_IsAsWideAsItself)
+{
+    LoadStyled(On | SizeToText | AutoPace | TwoLinesOfTen);
+    Say("Hello");
+    host.RunUntilIdle();
+    EXPECT_EQ(host.Balloon().picture.textArea.width, 40);
+}
+
+TEST_F(BalloonTest, TwoLinesInABalloonOfItsSize_HaveTheFullWidth)
+{
+    LoadStyled(On | SizeToText | AutoPace | TwoLinesOfTen);
+    Say("Hello there you");
+    host.RunUntilIdle();
+    EXPECT_EQ(host.Balloon().picture.textArea.width, 80);
+    EXPECT_EQ(host.Balloon().picture.textArea.height, 32);
+}
+
+TEST_F(BalloonTest, ALineInABalloonOfFixedSize_HasTheFullWidthAndHeight)
+{
+    LoadStyled(On | AutoPace | TwoLinesOfTen);
+    Say("Hi");
+    host.RunUntilIdle();
+    EXPECT_EQ(host.Balloon().picture.textArea.width, 80);
+    EXPECT_EQ(host.Balloon().picture.textArea.height, 32);
+}
+
+TEST_F(BalloonTest, AutoHide_LeavesTheBalloonForTwoSeconds)
+{
+    LoadStyled(On | AutoHide | TwoLinesOfTen);
+    const RequestRef speech = Say("Hi");
+    while (StatusOf(speech) != 0)
+        host.Advance(1);
+    host.Advance(1999);
+    EXPECT_TRUE(host.Balloon().shown);
+    host.Advance(1);
+    EXPECT_FALSE(host.Balloon().shown);
+}
+
+TEST_F(BalloonTest, AutoHide_WhenTheNextTextBegins_DoesNotHideThatOne)
+{
+    LoadStyled(On | AutoHide | TwoLinesOfTen);
+    Say("Hi");
+    host.Advance(1500);
+    Say("A text that takes longer");
+    host.Advance(1400);
+    EXPECT_TRUE(host.Balloon().shown);
+}
+
+TEST_F(BalloonTest, TheFontOfTheFile_IsInPoints)
+{
+    engine::Character character = Make();
+    character.balloon->fontHeight = -16;
+    Load(character);
+    EXPECT_EQ(bot->Balloon()->FontSize(), 12);
+}

@@ -151,3 +151,90 @@ TEST_F(IdleTest, SpeechDuringAnIdleAnimation_StillSpeaks)
     host.Advance(3000);
     EXPECT_EQ(StatusOf(speech), 0);
 }
+
+TEST_F(IdleTest, BetweenIdleAnimations_LieFourSeconds)
+{
+    LoadIdling();
+    host.Advance(5000 + 1000 + 3999);
+    EXPECT_EQ(Pixel(), Red);
+    host.Advance(1);
+    EXPECT_EQ(Pixel(), Green);
+}
+
+TEST_F(IdleTest, TheFirstLevel_LastsThirtySeconds)
+{
+    engine::Character character = Make();
+    for (engine::Animation& animation : character.animations)
+        if (animation.name == "Idle2_1")
+            animation.frames[0] = MakeFrame(2, 50);
+    LoadIdling(character);
+    host.Advance(5000 + 5 * 5000);  // The last animation of the first level.
+    EXPECT_EQ(Pixel(), Green);
+    host.Advance(5000);
+    EXPECT_EQ(Pixel(), Blue);
+}
+
+TEST_F(IdleTest, TheSecondLevel_LastsThirtySecondsToo)
+{
+    engine::Character character = Make();
+    for (engine::Animation& animation : character.animations)
+        if (animation.name == "Idle3_1")
+            animation.frames[0] = MakeFrame(2, 50);
+    LoadIdling(character);
+    host.Advance(5000 + 11 * 5000);
+    EXPECT_EQ(Pixel(), Green);
+    host.Advance(5000);
+    EXPECT_EQ(Pixel(), Blue);
+}
+
+TEST_F(IdleTest, ACharacterWithTheHighestLevelOnly_IdlesWithIt)
+{
+    engine::Character character = Make();
+    character.states[7].animations.clear();
+    character.states[8].animations.clear();
+    for (engine::Animation& animation : character.animations)
+        if (animation.name == "Idle3_1")
+            animation.frames[0] = MakeFrame(2, 50);
+    LoadIdling(character);
+    host.Advance(5000);
+    EXPECT_EQ(Pixel(), Blue);
+}
+
+TEST_F(IdleTest, AfterARequest_TheFirstLevelBeginsAnew)
+{
+    engine::Character character = Make();
+    for (engine::Animation& animation : character.animations)
+        if (animation.name == "Idle2_1")
+            animation.frames[0] = MakeFrame(2, 50);
+    LoadIdling(character);
+    host.Advance(5000 + 6 * 5000 + 1500);
+    journal.Clear();
+    bot->Play("Nothing");
+    host.Advance(4999);
+    EXPECT_EQ(journal.Count("IdleStart"), 0u);
+    host.Advance(1);
+    host.Advance(0);
+    EXPECT_EQ(Pixel(), Green);
+    EXPECT_EQ(journal.Count("IdleStart"), 1u);
+}
+
+TEST_F(IdleTest, SwitchedOnAgainWhileAnIdleAnimationPlays_GoesOnAfterIt)
+{
+    LoadIdling();
+    host.Advance(5100);
+    bot->SetIdleOn(false);
+    bot->SetIdleOn(true);
+    host.Advance(900 + 3999);
+    EXPECT_EQ(Pixel(), Red);
+    host.Advance(1);
+    EXPECT_EQ(Pixel(), Green);
+}
+
+TEST_F(IdleTest, SwitchedOnTwice_WaitsNoLonger)
+{
+    LoadIdling();
+    host.Advance(3000);
+    bot->SetIdleOn(true);
+    host.Advance(2000);
+    EXPECT_EQ(Pixel(), Green);
+}

@@ -149,3 +149,48 @@ TEST_F(MouseTest, AClick_StopsNothing)
     host.RunUntilIdle();
     EXPECT_EQ(StatusOf(speech), 0);
 }
+
+TEST_F(MouseTest, FourPixels_AreNoDrag)
+{
+    LoadShown();
+    host.Window().mouse->Press(1, 0, {400, 400});
+    host.Window().mouse->Move(1, 0, {404, 396});
+    EXPECT_EQ(host.Window().place.left, 400);
+    host.Window().mouse->Release(1, 0, {404, 396});
+    host.Advance(0);
+    EXPECT_EQ(journal.lines, Lines{"Click Bot button 1 shift 0 at 404 396"});
+}
+
+TEST_F(MouseTest, FivePixelsSideways_AreADrag)
+{
+    LoadShown();
+    host.Window().mouse->Press(1, 0, {400, 400});
+    host.Window().mouse->Move(1, 0, {395, 400});
+    EXPECT_EQ(host.Window().place.left, 395);
+}
+
+TEST_F(MouseTest, FivePixelsUpwards_AreADrag)
+{
+    LoadShown();
+    host.Window().mouse->Press(1, 0, {400, 400});
+    host.Window().mouse->Move(1, 0, {400, 395});
+    EXPECT_EQ(host.Window().place.top, 395);
+}
+
+TEST_F(MouseTest, AMoveWithoutTheButton_IsNoDrag)
+{
+    LoadShown();
+    host.Window().mouse->Press(1, 0, {400, 400});
+    host.Window().mouse->Move(0, 0, {450, 450});
+    EXPECT_EQ(host.Window().place.left, 400);
+}
+
+TEST_F(MouseTest, AnotherButtonReleased_EndsNoDrag)
+{
+    LoadShown();
+    host.Window().mouse->Press(1, 0, {400, 400});
+    host.Window().mouse->Move(1, 0, {450, 400});
+    host.Window().mouse->Release(2, 0, {450, 400});
+    host.Window().mouse->Move(1, 0, {460, 400});
+    EXPECT_EQ(host.Window().place.left, 460);
+}

@@ -220,3 +220,35 @@ TEST(ModeIdText, OfBytes_IsTheUsualForm)
         engine::ModeIdText({0xD0, 0x1F, 0x14, 0xCA, 0x7F, 0xAC, 0xD1, 0x11, 0x97, 0xA3, 0x00, 0x60, 0x08, 0x27, 0x30, 0x02}),
         "{CA141FD0-AC7F-11D1-97A3-006008273002}");
 }
+
+TEST(VoiceTextFault, BracketsThatCross_MissTheRightOneOfTheInner)
+{
+    EXPECT_EQ(engine::VoiceTextFault("[(a]"), Hex(0x80042305));
+    EXPECT_EQ(engine::VoiceTextFault("([a)"), Hex(0x80042306));
+}
+
+TEST(VoiceTextFault, ABracketThatOnlyAnotherKindOpened_MissesItsLeftOne)
+{
+    EXPECT_EQ(engine::VoiceTextFault("(a]"), Hex(0x80042308));
+    EXPECT_EQ(engine::VoiceTextFault("[a)"), Hex(0x80042307));
+}
+
+TEST(VoiceTextFault, BracketsInside_AreClosedFromTheInside)
+{
+    EXPECT_EQ(engine::VoiceTextFault("(a [b | c] d)"), 0);
+    EXPECT_EQ(engine::VoiceTextFault("([a]"), Hex(0x80042305));
+    EXPECT_EQ(engine::VoiceTextFault("[(a)"), Hex(0x80042306));
+}
+
+TEST(VoiceTextFault, AlternativesBehindAClosedBracket_AreNotBracketed)
+{
+    EXPECT_EQ(engine::VoiceTextFault("(a) | b"), Hex(0x80042309));
+}
+
+TEST_F(PropertiesTest, Commands_WithBracketsThatDoNotMatch_AreNotAdded)
+{
+    Load();
+    EXPECT_EQ(FailureOf([&] { bot->Commands()->Add("Go", std::nullopt, "(go", std::nullopt, std::nullopt); }),
+              Hex(0x80042305));
+    EXPECT_EQ(FailureOf([&] { bot->Commands()->Add("Go", std::nullopt, "go", std::nullopt, std::nullopt); }), 0);
+}

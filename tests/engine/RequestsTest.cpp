@@ -281,3 +281,29 @@ TEST_F(RequestsTest, TenThousandEmptyAnimations_EndOneAfterAnother)
     host.RunUntilIdle();
     EXPECT_EQ(StatusOf(last), 0);
 }
+
+TEST_F(RequestsTest, Stop_WhileHiding_LetsTheHidingAnimationEnd)
+{
+    LoadShown();
+    const RequestRef hide = bot->Hide(std::nullopt);
+    const RequestRef wave = bot->Play("Wave");
+    host.Advance(50);
+    bot->Stop(nullptr);
+    EXPECT_EQ(StatusOf(hide), 4);
+    EXPECT_EQ(StatusOf(wave), 3);
+    host.Advance(300);
+    EXPECT_EQ(StatusOf(hide), 0);
+    EXPECT_FALSE(host.Window().shown);
+}
+
+TEST_F(RequestsTest, Stop_WithAHideThatWaits_RemovesIt)
+{
+    LoadShown();
+    const RequestRef wave = bot->Play("Wave");
+    const RequestRef hide = bot->Hide(std::nullopt);
+    bot->Stop(nullptr);
+    EXPECT_EQ(StatusOf(wave), 3);
+    EXPECT_EQ(StatusOf(hide), 3);
+    host.RunUntilIdle();
+    EXPECT_TRUE(host.Window().shown);
+}

@@ -284,3 +284,178 @@ TEST(ChooseAlternative, ABarInsideATag_SeparatesNothing)
 }
 
 TEST(ChooseAlternative, AnEmptyAlternative_CanBePicked) { EXPECT_EQ(ChooseAlternative("a|", 0.9), ""); }
+
+TEST(ParseSpeech, Vol_BelowTheScale_IsSilent) { EXPECT_EQ(ParseSpeech("\\Vol=-1\\Hi").segments.at(0).volume, 0); }
+
+TEST(ParseSpeech, Pit_AboveTheScale_IsTheHighestPitch)
+{
+    EXPECT_EQ(ParseSpeech("\\Pit=401\\Hi").segments.at(0).pitchHertz, 400);
+}
+
+TEST(ParseSpeech, Spd_BelowTheScale_IsTheLowestPace)
+{
+    EXPECT_EQ(ParseSpeech("\\Spd=49\\Hi").segments.at(0).wordsPerMinute, 50);
+}
+
+TEST(ParseSpeech, Pau_Twice_AddsUp)
+{
+    const SpokenText text = ParseSpeech("\\Pau=100\\\\Pau=250\\Hi");
+    ASSERT_EQ(text.segments.size(), 1u);
+    EXPECT_EQ(text.segments[0].pauseMilliseconds, 350);
+}
+
+TEST(ParseSpeech, Pau_OfMoreThanAMinute_IsAMinute)
+{
+    EXPECT_EQ(ParseSpeech("\\Pau=60001\\Hi").segments.at(0).pauseMilliseconds, 60000);
+    EXPECT_EQ(ParseSpeech("\\Pau=40000\\\\Pau=40000\\Hi").segments.at(0).pauseMilliseconds, 60000);
+}
+
+TEST(ParseSpeech, Pau_OfLessThanNothing_IsNone)
+{
+    EXPECT_EQ(ParseSpeech("\\Pau=-5\\Hi").segments.at(0).pauseMilliseconds, 0);
+}
+
+TEST(ParseSpeech, Pau_HoldsForOnePlaceOnly)
+{
+    const SpokenText text = ParseSpeech("\\Pau=100\\One \\Emp\\two");
+    ASSERT_EQ(text.segments.size(), 2u);
+    EXPECT_EQ(text.segments[1].pauseMilliseconds, 0);
+}
+
+TEST(ParseSpeech, Emp_Twice_StressesBothWords)
+{
+    const SpokenText text = ParseSpeech("\\Emp\\one \\Emp\\two");
+    ASSERT_EQ(text.segments.size(), 2u);
+    EXPECT_TRUE(text.segments[0].emphasis);
+    EXPECT_TRUE(text.segments[1].emphasis);
+}
+
+TEST(ParseSpeech, EachSetting_BeginsASegment)
+{
+    EXPECT_EQ(ParseSpeech("a\\Vol=1\\b").segments.size(), 2u);
+    EXPECT_EQ(ParseSpeech("a\\Pit=100\\b").segments.size(), 2u);
+    EXPECT_EQ(ParseSpeech("a\\Spd=100\\b").segments.size(), 2u);
+    EXPECT_EQ(ParseSpeech("a\\Chr=\"Monotone\"\\b").segments.size(), 2u);
+    EXPECT_EQ(ParseSpeech("a\\Chr=\"Whisper\"\\b").segments.size(), 2u);
+}
+
+TEST(ParseSpeech, TheSameSettingAgain_BeginsNone) { EXPECT_EQ(ParseSpeech("\\Pit=100\\a\\Pit=100\\b").segments.size(), 1u); }
+
+TEST(ParseSpeech, Chr_Monotone_EndsAWhisper)
+{
+    const SpokenText text = ParseSpeech("\\Chr=\"Whisper\"\\a\\Chr=\"Monotone\"\\b");
+    EXPECT_FALSE(text.segments.at(1).whisper);
+    EXPECT_TRUE(text.segments.at(1).monotone);
+}
+
+TEST(ParseSpeech, Rst_BringsFullVolumeBack)
+{
+    const SpokenText text = ParseSpeech("\\Vol=5\\a\\Rst\\b");
+    EXPECT_EQ(text.segments.at(1).volume, 65535);
+}
+
+TEST(ParseSpeech, ANumberWithLettersBehind_ChangesNothing)
+{
+    EXPECT_EQ(ParseSpeech("\\Pit=100a\\Hi").segments.at(0).pitchHertz, 0);
+}
+
+TEST(ParseSpeech, ASignAlone_ChangesNothing) { EXPECT_EQ(ParseSpeech("\\Pit=-\\Hi").segments.at(0).pitchHertz, 0); }
+
+TEST(ParseSpeech, AllDigits_AreDigits)
+{
+    EXPECT_EQ(ParseSpeech("\\Pit=109\\Hi").segments.at(0).pitchHertz, 109);
+    EXPECT_EQ(ParseSpeech("\\Pit=290\\Hi").segments.at(0).pitchHertz, 290);
+}
+
+TEST(ParseSpeech, Mrk_OfOne_IsTheFirstBookmark)
+{
+    EXPECT_EQ(ParseSpeech("\\Mrk=1\\Hi").bookmarks, (std::vector<SpeechBookmark>{{1, {0, 0}}}));
+}
+
+TEST(ParseSpeech, Lst_WithAnErrorBeside_RepeatsNothing) { EXPECT_FALSE(ParseSpeech("\\Mrk=0\\\\Lst\\").repeatsLast); }
+
+TEST(ParseSpeech, Map_SpeakingNothing_ShowsOnly)
+{
+    const SpokenText text = ParseSpeech("a \\Map=\"\"=\"b\"\\");
+    EXPECT_EQ(text.shown, "a b");
+    EXPECT_EQ(SpokenTexts(text), Texts{"a "});
+    EXPECT_EQ(text.words, (std::vector<ShownWord>{{0, 1, {0, 0}}, {2, 3, {0, 2}}}));
+}
+
+TEST(ParseSpeech, Map_WithThreeStrings_StaysText)
+{
+    EXPECT_EQ(ParseSpeech("\\Map=\"a\"=\"b\"=\"c\"\\").shown, "\\Map=\"a\"=\"b\"=\"c\"\\");
+}
+
+TEST(ParseSpeech, Map_SpokenTextOfLettersOfSeveralBytes_CountsCharacters)
+{
+    const SpokenText text = ParseSpeech("\\Map=\"\xC3\xA4\xC3\xB6\"=\"b\"\\ c");
+    EXPECT_EQ(text.words.at(1).spoken, (TextPlace{0, 3}));
+}
+
+TEST(ParseSpeech, ATagNameOfTheLargestLength_IsATag) { EXPECT_EQ(ParseSpeech("\\Abcdefghijklmnop=1\\Hi").shown, "Hi"); }
+
+TEST(ParseSpeech, ALongerTagName_StaysText)
+{
+    EXPECT_EQ(ParseSpeech("\\Abcdefghijklmnopq=1\\Hi").shown, "\\Abcdefghijklmnopq=1\\Hi");
+}
+
+TEST(ParseSpeech, AValueOfTheLargestLength_IsAValue)
+{
+    EXPECT_EQ(ParseSpeech("\\Xyz=" + std::string(64, '1') + "\\Hi").shown, "Hi");
+}
+
+TEST(ParseSpeech, ALongerValue_StaysText)
+{
+    const std::string text = "\\Xyz=" + std::string(65, '1') + "\\Hi";
+    EXPECT_EQ(ParseSpeech(text).shown, text);
+}
+
+TEST(ParseSpeech, AStringOfTheLargestLength_IsAString)
+{
+    const std::string spoken(2046, 'a');
+    EXPECT_EQ(ParseSpeech("\\Map=\"" + spoken + "\"=\"b\"\\").shown, "b");
+}
+
+TEST(ParseSpeech, ALongerString_StaysText)
+{
+    const std::string text = "\\Map=\"" + std::string(2047, 'a') + "\"=\"b\"\\";
+    EXPECT_EQ(ParseSpeech(text).shown, text);
+}
+
+TEST(ParseSpeech, AValueOfNothing_StaysText) { EXPECT_EQ(ParseSpeech("\\Pit=\\Hi").shown, "\\Pit=\\Hi"); }
+
+TEST(ParseSpeech, AValueOfDigitsAndSigns_IsAValue) { EXPECT_EQ(ParseSpeech("\\Xyz=aZ09-+.,_\\Hi").shown, "Hi"); }
+
+TEST(ParseSpeech, AnUnknownNameWithoutValue_IsATagOnlyWhereNoPathCouldBe)
+{
+    EXPECT_EQ(ParseSpeech("\\Xyz\\a").shown, "a");
+    EXPECT_EQ(ParseSpeech("b|\\Xyz\\a").shown, "b|a");
+    EXPECT_EQ(ParseSpeech("C:\\Xyz\\a").shown, "C:\\Xyz\\a");
+    EXPECT_EQ(ParseSpeech("b\\Xyz\\a").shown, "b\\Xyz\\a");
+}
+
+TEST(ParseSpeech, AnUnknownNameOfFourLettersWithoutValue_StaysText)
+{
+    EXPECT_EQ(ParseSpeech(" \\Wxyz\\a").shown, " \\Wxyz\\a");
+}
+
+TEST(ParseSpeech, KnownNamesWithoutValue_AreTagsBehindLettersToo)
+{
+    EXPECT_EQ(ParseSpeech("a\\Emp\\b").shown, "ab");
+    EXPECT_EQ(ParseSpeech("a\\Rst\\b").shown, "ab");
+}
+
+TEST(WordsBegunAt, TheFirstCharacterOfAWord_CountsIt)
+{
+    EXPECT_EQ(engine::WordsBegunAt(ParseSpeech("one two"), {0, 4}), 2u);
+}
+
+TEST(WordsBegunAt, TheBlankBefore_DoesNot) { EXPECT_EQ(engine::WordsBegunAt(ParseSpeech("one two"), {0, 3}), 1u); }
+
+TEST(ChooseAlternative, FractionsOutsideTheRange_PickTheEnds)
+{
+    EXPECT_EQ(ChooseAlternative("a|b|c", -0.5), "a");
+    EXPECT_EQ(ChooseAlternative("a|b|c", 1.0), "c");
+    EXPECT_EQ(ChooseAlternative("a|b|c", 7.0), "c");
+}

@@ -522,3 +522,65 @@ TEST_F(SpeechTest, UnloadDuringAPrefetch_LeavesNothingBehind)
     EXPECT_TRUE(host.RunUntilIdle(10));
     EXPECT_TRUE(host.sound.streams.at(0).stopped);
 }
+
+// 75 sentences of 20 characters are a piece; it sounds for 90 seconds from the fifth millisecond on.
+TEST_F(SpeechTest, TheNextPiece_IsOrderedWhenLessThanFiveSecondsAreLeft)
+{
+    LoadShown();
+    std::string text;
+    for (int sentence = 0; sentence < 100; ++sentence)
+        text += "This is a sentence. ";
+    Say(text);
+    host.Advance(5 + 85000);
+    EXPECT_EQ(host.synthesizer.Orders().size(), 1u);
+    host.Advance(20);
+    EXPECT_EQ(host.synthesizer.Orders().size(), 2u);
+}
+
+TEST_F(SpeechTest, WithoutAVoice_AWordOfTwelveLettersTakesTheTimeOfOne)
+{
+    engine::EngineSettings settings;
+    settings.readingWordsPerMinute = 60;
+    host.synthesizer.available = false;
+    LoadShown(Make(), settings);
+    const RequestRef speech = Say("abcdefghijkl");
+    host.Advance(1000);
+    EXPECT_EQ(StatusOf(speech), 0);
+}
+
+TEST_F(SpeechTest, WithoutAVoice_AWordOfThirteenLettersTakesTheTimeOfTwo)
+{
+    engine::EngineSettings settings;
+    settings.readingWordsPerMinute = 60;
+    host.synthesizer.available = false;
+    LoadShown(Make(), settings);
+    const RequestRef speech = Say("abcdefghijklm");
+    host.Advance(1999);
+    EXPECT_EQ(StatusOf(speech), 4);
+    host.Advance(1);
+    EXPECT_EQ(StatusOf(speech), 0);
+}
+
+TEST_F(SpeechTest, ALoudspeakerThatStandsStill_IsGivenUpAfterThreeSeconds)
+{
+    host.sound.broken = true;
+    LoadShown();
+    Say("One two three");
+    host.Advance(5 + 3000);
+    EXPECT_EQ(host.Balloon().Text(), "One");
+    EXPECT_FALSE(host.sound.streams.at(0).stopped);
+    host.Advance(20);
+    EXPECT_EQ(host.Balloon().Text(), "One two");
+    EXPECT_TRUE(host.sound.streams.at(0).stopped);
+}
+
+TEST_F(SpeechTest, AVoiceThatNeverAnswers_IsGivenUpAfterThreeSeconds)
+{
+    host.synthesizer.silent = true;
+    LoadShown();
+    Say("One two");
+    host.Advance(2999);
+    EXPECT_TRUE(host.balloons.empty());
+    host.Advance(1);
+    EXPECT_EQ(host.Balloon().Text(), "One");
+}

@@ -490,3 +490,183 @@ TEST(HostileFile, ATrayIconBeyondTheBlock_IsRefused)
 
     EXPECT_EQ(RefusalOf(WithBlock(block)), Damaged);
 }
+
+// What is just allowed is read.
+TEST(HostileFile, AsManyFramesAsTheLimit_AreRead)
+{
+    AnimationParts animation;
+    animation.frames.resize(16384);
+
+    EXPECT_EQ(Read(WithAnimation(animation))->animations[0].frames.size(), 16384U);
+}
+
+TEST(HostileFile, AsManyFramesOfAllAnimationsAsTheLimit_AreReadAndOneMoreIsNot)
+{
+    AnimationParts large;
+    large.frames.resize(16384);
+    FileParts parts;
+    parts.animations.assign(16, large.Make());
+    EXPECT_EQ(RefusalOf(parts.Make()), 0);
+
+    parts.animations.push_back(AnimationParts().Make());
+    EXPECT_EQ(RefusalOf(parts.Make()), Damaged);
+}
+
+TEST(HostileFile, AsManyPicturesInAFrameAsTheLimit_AreRead)
+{
+    FrameParts frame;
+    frame.pictures = Bytes(2 + 256 * 8);
+    frame.pictures[1] = 1;
+
+    EXPECT_EQ(FirstFrame(WithFrame(frame)).pictures.size(), 256U);
+}
+
+TEST(HostileFile, ASoundOfTheLargestSize_IsRead)
+{
+    FileParts parts;
+    parts.sounds = {Bytes(16U << 20)};
+
+    EXPECT_EQ(RefusalOf(parts.Make()), 0);
+}
+
+TEST(HostileFile, AFileOfTheLargestSize_IsRead)
+{
+    Bytes file = FileParts().Make();
+    file.resize(64U << 20);
+
+    EXPECT_EQ(RefusalOf(std::move(file)), 0);
+}
+
+TEST(HostileFile, AsManyPixelsTogetherAsTheLimit_AreRead)
+{
+    PictureParts picture;
+    picture.width = 4096;
+    picture.height = 4096;
+    FileParts parts;
+    parts.pictures.assign(32, picture.Make());
+
+    EXPECT_EQ(RefusalOf(parts.Make()), 0);
+}
+
+TEST(HostileFile, ThePixelsOfAllPictures_AreCountedWithTheirPadding)
+{
+    PictureParts large, small;
+    large.width = large.height = 4096;
+    small.width = small.height = 1;
+    small.pixels = {0};
+    FileParts parts;
+    parts.pictures.assign(32, large.Make());
+    parts.pictures.push_back(small.Make());
+
+    EXPECT_EQ(RefusalOf(parts.Make()), Damaged);
+}
+
+TEST(HostileFile, TheSmallestAndTheLargestFrameSize_AreRead)
+{
+    BlockParts smallest, largest;
+    smallest.width = smallest.height = 1;
+    largest.width = largest.height = 4096;
+
+    EXPECT_EQ(Read(WithBlock(smallest))->frameSize, (Size{1, 1}));
+    EXPECT_EQ(Read(WithBlock(largest))->frameSize, (Size{4096, 4096}));
+}
+
+TEST(HostileFile, AFrameThatIsTooHigh_IsRefused)
+{
+    BlockParts block;
+    block.height = 4097;
+
+    EXPECT_EQ(RefusalOf(WithBlock(block)), Damaged);
+}
+
+TEST(HostileFile, APictureWithoutHeight_IsNone)
+{
+    PictureParts picture;
+    picture.height = 0;
+
+    EXPECT_EQ(Read(WithPicture(picture))->pictures->Picture(0), nullptr);
+}
+
+TEST(HostileFile, TheFirstPictureThatDoesNotExist_IsNoMouth)
+{
+    FrameParts frame;
+    frame.mouths = Bytes(1 + 2 * 14);
+    frame.mouths[0] = 2;
+    frame.mouths[1] = 6;       // The last mouth there is.
+    frame.mouths[1 + 16] = 1;  // The picture behind the last one.
+
+    EXPECT_EQ(FirstFrame(WithFrame(frame)).mouths.size(), 1U);
+}
+
+TEST(HostileFile, AnExitToTheLastFrame_IsKept)
+{
+    AnimationParts animation;
+    animation.frames.resize(2);
+    animation.frames[0].exit = 1;
+
+    EXPECT_EQ(Read(WithAnimation(animation))->animations[0].frames[0].exitFrame, 1);
+}
+
+TEST(HostileFile, AnExitToTheFirstFrame_IsKept)
+{
+    FrameParts frame;
+    frame.exit = 0;
+
+    EXPECT_EQ(FirstFrame(WithFrame(frame)).exitFrame, 0);
+}
+
+TEST(HostileFile, TheSoundBehindTheLastOne_IsNone)
+{
+    FrameParts last, behind;
+    last.sound = 0;
+    behind.sound = 1;
+    AnimationParts animation;
+    animation.frames = {last, behind};
+    FileParts parts;
+    parts.animations = {animation.Make()};
+    parts.sounds = {{1, 2, 3}};
+
+    const CharacterRef character = Read(parts.Make());
+
+    EXPECT_EQ(character->animations[0].frames[0].sound, 0);
+    EXPECT_EQ(character->animations[0].frames[1].sound, std::nullopt);
+}
+
+TEST(HostileFile, ABranchOfOnePercentBehindOneOf99_IsKept)
+{
+    FrameParts frame;
+    frame.branches = {3, 0, 0, 99, 0, 0, 0, 1, 0, 0, 0, 1, 0};
+
+    EXPECT_EQ(FirstFrame(WithFrame(frame)).branches, (std::vector<Branch>{{0, 99}, {0, 1}}));
+}
+
+TEST(HostileFile, AnAbsurdFontHeightAboveZero_IsBoundedToo)
+{
+    BlockParts block;
+    block.flags = 0x210;
+    block.voiceAndBalloon = Bytes(14 + 4 + 4 + 4 + 2);
+    block.voiceAndBalloon[21] = 0x7F;
+
+    EXPECT_EQ(Read(WithBlock(block))->balloon->fontHeight, 4096);
+}
+
+TEST(HostileFile, TheWeightOfTheFont_IsBoldFromHalfWayOn)
+{
+    BlockParts block;
+    block.flags = 0x210;
+    block.voiceAndBalloon = Bytes(14 + 4 + 4 + 4 + 2);
+    block.voiceAndBalloon[22] = 549 % 256;
+    block.voiceAndBalloon[23] = 549 / 256;
+    EXPECT_FALSE(Read(WithBlock(block))->balloon->bold);
+
+    block.voiceAndBalloon[22] = 550 % 256;
+    EXPECT_TRUE(Read(WithBlock(block))->balloon->bold);
+}
+
+TEST(HostileFile, ATrayIcon_EndsWhereItsTwoPicturesEnd)
+{
+    BlockParts block;
+    block.trayIcon = {1, 2, 0, 0, 0, 7, 7, 3, 0, 0, 0, 8, 8, 8};
+
+    EXPECT_EQ(Read(WithBlock(block))->states.size(), 1U);
+}

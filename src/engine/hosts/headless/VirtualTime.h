@@ -20,6 +20,8 @@ public:
     // Runs the timers that are due without letting time pass.
     void RunDue() { Advance(0); }
     bool HasDue() const { return !m_calls.empty() && m_calls.begin()->first.first <= m_now; }
+    // Lets so much time pass in which nothing runs, as when the program is held up: what falls due is late.
+    void HoldUp(std::int64_t milliseconds) { m_now += milliseconds; }
     std::size_t Waiting() const { return m_calls.size(); }
     std::uint64_t CallsMade() const { return m_made; }
 
