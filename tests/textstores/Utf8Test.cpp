@@ -148,4 +148,13 @@ TEST(WithCrLf, TwoReturnsBeforeALineFeed_AreTwoEnds) { EXPECT_EQ(WithCrLf("a\r\r
 TEST(WithCrLf, CrLfAlone_StaysAsItIs) { EXPECT_EQ(WithCrLf("\r\na\r\n\r\n"), "\r\na\r\n\r\n"); }
 TEST(WithLf, AReturnInsideALine_EndsALine) { EXPECT_EQ(WithLf("a\rb"), "a\nb"); }
 
+TEST(WithCrLf, LineFeedsOnly_GetTheirReturns) { EXPECT_EQ(WithCrLf("a\nb\n"), "a\r\nb\r\n"); }
+TEST(WithCrLf, AnEmptyLineEndedByALineFeed_GetsItsReturn) { EXPECT_EQ(WithCrLf("a\r\n\nb\r\n"), "a\r\n\r\nb\r\n"); }
+TEST(WithCrLf, ALineFeedBehindACrLf_GetsItsReturn) { EXPECT_EQ(WithCrLf("a\r\nb\n"), "a\r\nb\r\n"); }
+
+TEST(TextOfBytes, Utf16SecondHalfBehindALetter_LeavesTheLetter)
+{
+    EXPECT_EQ(TextOfBytes(std::string("\xFE\xFF\0a\xDC\0", 6)), "a" + Utf8Of(0xFFFD));
+}
+
 }
