@@ -154,10 +154,10 @@ TEST_F(TextFiles, OpenLines_AFileThatVanishesMeanwhile_IsReadToItsEnd)
     EXPECT_EQ(lines, "onetwo");
 }
 
-TEST_F(TextFiles, WriteLine_ANewFile_HasTextAndLineBreak)
+TEST_F(TextFiles, WriteLine_ANewFile_HasTextAndLineBreakInTheSystemsForm)
 {
     files.WriteLine(folder.Path("a.txt"), "Gr\xC3\xBC\xC3\x9F\x65\r\nb");
-    EXPECT_EQ(folder.Read("a.txt"), "Gr\xC3\xBC\xC3\x9F\x65\r\nb\r\n");
+    EXPECT_EQ(folder.Read("a.txt"), "Gr\xC3\xBC\xC3\x9F\x65\nb\n");
 }
 
 TEST_F(TextFiles, WriteLine_ANewFile_HasTheModeThatTheUsersMaskLeaves)
@@ -173,7 +173,7 @@ TEST_F(TextFiles, WriteLine_AnExistingFile_IsReplacedAndKeepsItsMode)
     folder.Write("a.txt", "a former text that is longer");
     ::chmod(folder.Path("a.txt").c_str(), 0751);
     files.WriteLine(folder.Path("a.txt"), "new");
-    EXPECT_EQ(folder.Read("a.txt"), "new\r\n");
+    EXPECT_EQ(folder.Read("a.txt"), "new\n");
     EXPECT_EQ(Mode("a.txt"), 0751U);
 }
 
@@ -203,7 +203,7 @@ TEST_F(TextFiles, WriteLine_ALink_StaysALink)
     std::filesystem::create_symlink("real/a.txt", folder.Path("link.txt"));
     files.WriteLine(folder.Path("link.txt"), "new");
     EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.txt")));
-    EXPECT_EQ(folder.Read("real/a.txt"), "new\r\n");
+    EXPECT_EQ(folder.Read("real/a.txt"), "new\n");
 }
 
 TEST_F(TextFiles, WriteLine_AReadOnlyFile_FailsAndKeepsItsText)
@@ -228,13 +228,63 @@ TEST_F(TextFiles, WriteLine_TheDiskIsFull_KeepsTheFormerText)
 {
     folder.Write("a.txt", "former");
     EXPECT_TRUE(SucceedsInChild([&] {
-        const rlimit little{4, 4};
+        const rlimit little{3, 3};
         ::signal(SIGXFSZ, SIG_IGN);
         ::setrlimit(RLIMIT_FSIZE, &little);
         return FailureOfWriting(folder.Path("a.txt")) == 61;
     }));
     EXPECT_EQ(folder.Read("a.txt"), "former");
     EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
+}
+
+TEST_F(TextFiles, WriteLine_AFileThatWasOpened_KeepsItsForm)
+{
+    EXPECT_EQ(Text("Gr\xFC\xDF\x65\r\nb"), "Gr\xC3\xBC\xC3\x9F\x65\r\nb\r\n");
+    files.WriteLine(folder.Path("a.txt"), "Gr\xC3\xBC\xC3\x9F\x65!\r\nb\r\n");
+    EXPECT_EQ(folder.Read("a.txt"), "Gr\xFC\xDF\x65!\r\nb");
+}
+
+TEST_F(TextFiles, WriteLine_Utf16File_KeepsItsForm)
+{
+    const std::string bytes("\xFF\xFE"
+                            "a\0\r\0\n\0b\0\n\0",
+                            12);
+    EXPECT_EQ(Text(bytes), "a\r\nb\r\n");
+    files.WriteLine(folder.Path("a.txt"), "a\r\nb\r\n");
+    EXPECT_EQ(folder.Read("a.txt"), bytes);
+    files.WriteLine(folder.Path("a.txt"), "a\r\nc\r\n");
+    EXPECT_EQ(folder.Read("a.txt"), std::string("\xFF\xFE"
+                                                "a\0\r\0\n\0c\0\n\0",
+                                                12));
+}
+
+TEST_F(TextFiles, WriteLine_AWindows1252FileThatBecameUtf8_StaysUtf8)
+{
+    Text("Gr\xFC\xDF\x65\n");
+    files.WriteLine(folder.Path("a.txt"), "\xC3\xBC\xCE\xB1\r\n");
+    files.WriteLine(folder.Path("a.txt"), "\xC3\xBC\r\n");
+    EXPECT_EQ(folder.Read("a.txt"), "\xC3\xBC\n");
+}
+
+TEST_F(TextFiles, WriteLine_ThatFails_LeavesTheFormAsItIs)
+{
+    folder.Write("a.txt", "");
+    Text("Gr\xFC\xDF\x65\n");
+    std::filesystem::permissions(folder.Path("a.txt"), std::filesystem::perms::owner_read);
+    EXPECT_EQ(FailureOf([&] { files.WriteLine(folder.Path("a.txt"), "\xC3\xBC\xCE\xB1\r\n"); }), 75);
+    std::filesystem::permissions(folder.Path("a.txt"), std::filesystem::perms::owner_all);
+    files.WriteLine(folder.Path("a.txt"), "\xC3\xBC\r\n");
+    EXPECT_EQ(folder.Read("a.txt"), "\xFC\n");
+}
+
+TEST_F(TextFiles, WriteLine_AFileThatWasDeletedMeanwhile_HasItsFormAgain)
+{
+    Text("\xEF\xBB\xBF"
+         "a\r\nb\r\n");
+    std::filesystem::remove(folder.Path("a.txt"));
+    files.WriteLine(folder.Path("a.txt"), "a\r\nc\r\n");
+    EXPECT_EQ(folder.Read("a.txt"), "\xEF\xBB\xBF"
+                                    "a\r\nc\r\n");
 }
 
 }

@@ -2,7 +2,6 @@
 #include "platform/linux/LinuxLineReader.h"
 #include "platform/linux/UserFolders.h"
 #include "platform/linux/WholeFile.h"
-#include "platform/text/Encoding.h"
 #include "platform/text/Wildcards.h"
 #include <cerrno>
 #include <filesystem>
@@ -29,6 +28,12 @@ void RefuseNul(const std::string& path)
 {
     if (path.find('\0') != std::string::npos)
         throw failure::BadFileName();
+}
+
+std::string BytesInForm(const std::string& path, const std::string& text, text::FileForm& form)
+{
+    int error = 0;
+    return text::BytesOfEdited(text, form, ReadWhole(path, error).value_or(""));
 }
 
 Pattern SplitPattern(const std::string& pattern)
@@ -125,12 +130,17 @@ void CLinuxFiles::Rename(const std::string& from, const std::string& to)
 
 std::unique_ptr<ILineReader> CLinuxFiles::OpenLines(const std::string& path) const
 {
-    return std::make_unique<CLinuxLineReader>(path);
+    return std::make_unique<CLinuxLineReader>(path, [this, path](const text::FileForm& form) { m_opened[path] = form; });
 }
 
 void CLinuxFiles::WriteLine(const std::string& path, const std::string& text)
 {
-    if (const int error = ReplaceDocument(path, text, "\r\n"))
+    const auto opened = m_opened.find(path);
+    text::FileForm form = opened == m_opened.end() ? text::FileForm() : opened->second;
+    const std::string bytes = opened == m_opened.end() ? text::BytesOfNew(text) : BytesInForm(path, text, form);
+    if (const int error = ReplaceDocument(path, bytes, ""))
         throw FailureOfError(error, path);
+    if (opened != m_opened.end())
+        opened->second = form;
 }
 }

@@ -1,5 +1,7 @@
 #pragma once
 #include "platform/Files.h"
+#include "platform/text/FileForm.h"
+#include <map>
 
 namespace platform::linuxdesktop {
 
@@ -21,8 +23,12 @@ public:
     void Delete(const std::string& path) override;
     void Rename(const std::string& from, const std::string& to) override;
     std::unique_ptr<ILineReader> OpenLines(const std::string& path) const override;
-    // In UTF-8, whatever the encoding of the former content.
+    // A file that was opened for its lines keeps its form: see platform/text/FileForm.h. Any other one is in UTF-8, its
+    // lines ended by LF.
     void WriteLine(const std::string& path, const std::string& text) override;
+
+private:
+    mutable std::map<std::string, text::FileForm> m_opened;  // By the path under which it was opened.
 };
 
 }

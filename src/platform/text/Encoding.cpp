@@ -54,15 +54,61 @@ std::string FromUtf16(std::string_view bytes, bool bigEndian)
     return text;
 }
 
-std::string Decoded(std::string bytes)
+// Nothing for a character that it does not have.
+std::optional<char> InWindows1252(char32_t code)
 {
-    if (bytes.starts_with(Utf16LittleMark))
-        return FromUtf16(std::string_view(bytes).substr(2), /*bigEndian*/ false);
-    if (bytes.starts_with(Utf16BigMark))
-        return FromUtf16(std::string_view(bytes).substr(2), /*bigEndian*/ true);
-    if (bytes.starts_with(Utf8Mark))
-        bytes.erase(0, Utf8Mark.size());
-    return IsUtf8(bytes) ? std::move(bytes) : FromWindows1252(bytes);
+    if (code < 0x80 || (code >= 0xA0 && code <= 0xFF))
+        return static_cast<char>(code);
+    const auto* const found = std::find(std::begin(Windows1252), std::end(Windows1252), code);
+    if (found == std::end(Windows1252))
+        return std::nullopt;
+    return static_cast<char>(0x80 + (found - std::begin(Windows1252)));
+}
+
+std::optional<std::string> ToWindows1252(std::string_view text)
+{
+    std::string bytes;
+    bytes.reserve(text.size());
+    while (!text.empty()) {
+        const Utf8Character character = CharacterAt(text, 0);
+        const auto byte = InWindows1252(character.code);
+        if (!character.valid || !byte)
+            return std::nullopt;
+        bytes += *byte;
+        text.remove_prefix(character.bytes);
+    }
+    return bytes;
+}
+
+void AppendUnit(std::string& bytes, char32_t unit, bool bigEndian)
+{
+    const char high = static_cast<char>(unit >> 8), low = static_cast<char>(unit & 0xFF);
+    bytes += bigEndian ? high : low;
+    bytes += bigEndian ? low : high;
+}
+
+std::string ToUtf16(std::string_view text, bool bigEndian)
+{
+    std::string bytes;
+    bytes.reserve(text.size() * 2);
+    while (!text.empty()) {
+        const Utf8Character character = CharacterAt(text, 0);
+        text.remove_prefix(character.bytes);
+        if (character.code < 0x10000) {
+            AppendUnit(bytes, character.code, bigEndian);
+            continue;
+        }
+        AppendUnit(bytes, 0xD800 + ((character.code - 0x10000) >> 10), bigEndian);
+        AppendUnit(bytes, 0xDC00 + ((character.code - 0x10000) & 0x3FF), bigEndian);
+    }
+    return bytes;
+}
+
+std::string WithoutNul(std::string text)
+{
+    if (text.find('\0') != std::string::npos)
+        text.erase(std::remove(text.begin(), text.end(), '\0'), text.end());
+    return text;
 }
 
 // The text with every line end replaced by `lineEnd`.
@@ -99,12 +145,63 @@ std::string WithLf(std::string text)
     return text.find('\r') == std::string::npos ? std::move(text) : WithLineEnds(text, "\n");
 }
 
+bool HasMark(std::string_view bytes)
+{
+    return bytes.starts_with(Utf8Mark) || bytes.starts_with(Utf16LittleMark) || bytes.starts_with(Utf16BigMark);
+}
+
+Encoding EncodingOf(std::string_view bytes)
+{
+    if (bytes.starts_with(Utf16LittleMark))
+        return Encoding::Utf16Little;
+    if (bytes.starts_with(Utf16BigMark))
+        return Encoding::Utf16Big;
+    if (bytes.starts_with(Utf8Mark))
+        bytes.remove_prefix(Utf8Mark.size());
+    return IsUtf8(bytes) ? Encoding::Utf8 : Encoding::Windows1252;
+}
+
+std::string_view MarkOf(Encoding encoding)
+{
+    if (encoding == Encoding::Utf16Little)
+        return Utf16LittleMark;
+    return encoding == Encoding::Utf16Big ? Utf16BigMark : Utf8Mark;
+}
+
+std::string Decoded(std::string bytes, Encoding encoding)
+{
+    if (bytes.starts_with(MarkOf(encoding)))
+        bytes.erase(0, MarkOf(encoding).size());
+    switch (encoding) {
+    case Encoding::Utf16Little:
+    case Encoding::Utf16Big:
+        return WithoutNul(FromUtf16(bytes, encoding == Encoding::Utf16Big));
+    case Encoding::Windows1252:
+        return WithoutNul(FromWindows1252(bytes));
+    case Encoding::Utf8:
+        break;
+    }
+    return WithoutNul(std::move(bytes));
+}
+
+std::optional<std::string> Encoded(std::string_view text, Encoding encoding)
+{
+    switch (encoding) {
+    case Encoding::Utf16Little:
+    case Encoding::Utf16Big:
+        return ToUtf16(text, encoding == Encoding::Utf16Big);
+    case Encoding::Windows1252:
+        return ToWindows1252(text);
+    case Encoding::Utf8:
+        break;
+    }
+    return std::string(text);
+}
+
 std::string TextOfBytes(std::string bytes)
 {
-    std::string text = Decoded(std::move(bytes));
-    if (text.find('\0') != std::string::npos)
-        text.erase(std::remove(text.begin(), text.end(), '\0'), text.end());
-    return WithCrLf(std::move(text));
+    const Encoding encoding = EncodingOf(bytes);
+    return WithCrLf(Decoded(std::move(bytes), encoding));
 }
 
 }

@@ -35,6 +35,8 @@ bool CLineCutter::HasMore()
         if (!std::exchange(m_afterReturn, false) || m_piece[m_at] != '\n')
             return true;
         ++m_at;
+        --m_ends.cr;
+        ++m_ends.crLf;
     }
     return false;
 }
@@ -56,9 +58,11 @@ bool CLineCutter::AppendLine(std::string& lines)
         const std::size_t end = EndOfLine();
         lines.append(m_piece, m_at, end - m_at);
         begun = true;
+        m_ends.lastLineEnds = end < m_piece.size();
         m_at = end;
-        if (end < m_piece.size()) {
+        if (m_ends.lastLineEnds) {
             m_afterReturn = m_piece[m_at++] == '\r';
+            ++(m_afterReturn ? m_ends.cr : m_ends.lf);
             break;
         }
     }
