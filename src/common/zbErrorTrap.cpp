@@ -22,6 +22,7 @@ struct ReportState {
     std::vector<const FailureReport*> open;  // They stand on the screen.
     std::size_t unshown = 0;
     std::function<void(const FailureReport&, bool)> log;
+    std::function<void()> lastAct;
 };
 
 ReportState& State() { return common::StateOf<ReportState>(); }
@@ -68,13 +69,19 @@ std::string ReportTitle()
     return "Parlune " + std::to_string(version::Major) + "." + std::to_string(version::Minor) + " Unexpected Error";
 }
 
+void End()
+{
+    if (State().lastAct)
+        State().lastAct();
+    platform::Current().program.End();
+}
+
 void Show(const FailureReport& report)
 {
-    const platform::CPlatform& platform = platform::Current();
     const COpenReport open(report);
-    if (platform.messageBoxes.Show({ReportText(report), ReportTitle(), BoxButtons::OkCancel, BoxIcon::Critical}) ==
-        BoxAnswer::Cancel)
-        platform.program.End();
+    if (platform::Current().messageBoxes.Show(
+            {ReportText(report), ReportTitle(), BoxButtons::OkCancel, BoxIcon::Critical}) == BoxAnswer::Cancel)
+        End();
     if (State().running)
         State().running->NoteAnswer(report);
 }
@@ -114,6 +121,8 @@ void SetCurrentError()
 }
 
 void ClearCurrentError() { Error() = {}; }
+
+void BeforeEnd(std::function<void()> lastAct) { State().lastAct = std::move(lastAct); }
 
 void ErrorTrap(std::string_view module, std::string_view section)
 {

@@ -59,6 +59,9 @@ private:
     std::optional<FailureReport> m_answered;  // The last one.
 };
 
+// What is still done when the user chooses to end the program. It must not throw.
+void BeforeEnd(std::function<void()> lastAct);
+
 // Runs the statements of one procedure. A statement that fails is reported under the two names; then the call returns
 // and the procedure continues with its next statement. What the failed statement would have set keeps its value.
 class CGuard {

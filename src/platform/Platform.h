@@ -10,6 +10,7 @@ class IEventPump;
 class IFileDialogs;
 class IFiles;
 class IFonts;
+class IKeptTexts;
 class ILocale;
 class IMessageBoxes;
 class IOfficeApplications;
@@ -33,6 +34,7 @@ struct CPlatform {
     IFileDialogs& fileDialogs;
     IFiles& files;
     IFonts& fonts;
+    IKeptTexts& keptTexts;
     ILocale& locale;
     IMessageBoxes& messageBoxes;
     IOfficeApplications& office;

@@ -12,6 +12,7 @@
 #include "settings/OptionsRecord.h"
 #include "settings/bOptions.h"
 #include "ui/EditorDocument.h"
+#include "ui/KeptText.h"
 #include "ui/frmParlune.h"
 #include <optional>
 
@@ -109,6 +110,7 @@ void ShowText(const std::string& file, std::optional<std::string> text)
 {
     if (!text)
         return;
+    keptText::KeepChanged();
     MainWindow().txtRead.SetText(std::move(*text));
     ui::ShowUnmodifiedFile(file);
 }

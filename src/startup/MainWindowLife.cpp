@@ -11,6 +11,7 @@
 #include "settings/bOptions.h"
 #include "startup/bInit.h"
 #include "ui/EditorDocument.h"
+#include "ui/KeptText.h"
 #include "ui/Menus.h"
 #include "ui/TextEditor.h"
 #include "ui/frmParlune.h"
@@ -65,6 +66,14 @@ void UnloadOtherWindows()
     zbErrorTrap::IgnoreFailure([] { TrayWindow().Unload(); });
 }
 
+// A session that ends waits for no answer: a text without a file is only kept then.
+void SaveChanged(ui::UnloadMode mode)
+{
+    if (!ui::Document().modified || (mode == ui::UnloadMode::Session && keptText::File().empty()))
+        return;
+    textEditor::SaveFile(ui::Document().currentFile);
+}
+
 }
 
 void Create() { platform::Current().characterEngines.RequireForMainWindow(); }
@@ -87,6 +96,7 @@ void Form_Load()
             bClipboard::SetClipboardMonitor(true);
     });
     step([] { MainWindow().tmrTimer.SetEnabled(MainWindow().chkSayTime.Ticked()); });
+    step([] { keptText::TellWhatWasLeft(); });
 }
 
 void Form_Resize()
@@ -115,10 +125,8 @@ bool Form_QueryUnload(ui::UnloadMode mode)
             bClipboard::SetClipboardMonitor(false);
     });
     UnloadOtherWindows();
-    zbErrorTrap::IgnoreFailure([] {
-        if (ui::Document().modified)
-            textEditor::SaveFile(ui::Document().currentFile);
-    });
+    zbErrorTrap::IgnoreFailure([&] { SaveChanged(mode); });
+    keptText::KeepForNextStart();
     return true;
 }
 

@@ -1,4 +1,6 @@
+#include "common/zbErrorTrap.h"
 #include "startup/WiringParts.h"
+#include "ui/KeptText.h"
 #include "ui/TextEditor.h"
 
 namespace startup {
@@ -13,6 +15,8 @@ void WireEditor(frmParlune& window)
     window.mnuFileClose.onClick = textEditor::mnuFileClose_Click;
     window.tlbToolbar.onButtonClick = textEditor::tlbToolbar_ButtonClick;
     window.txtRead.onChange = textEditor::txtRead_Change;
+    keptText::Follow();
+    zbErrorTrap::BeforeEnd(keptText::KeepForNextStart);
 }
 
 }

@@ -4,6 +4,8 @@
 #include "common/ProgramState.h"
 #include "common/Text.h"
 #include "common/zbErrorTrap.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
 #include "reading/bClipboard.h"
 #include "ui/frmParlune.h"
 
@@ -14,6 +16,19 @@ struct KnownCharacter {
     std::weak_ptr<platform::ICharacter> character;
     std::string name;
 };
+
+struct Note {
+    std::string text;  // "" for none.
+    std::int64_t since = 0;
+};
+
+constexpr std::int64_t LeastMilliseconds = 2000;
+
+Note& Told() { return common::StateOf<Note>(); }
+
+std::int64_t Milliseconds() { return platform::Current().clock.SteadyMilliseconds(); }
+
+std::string WithNote(std::string activity) { return Told().text.empty() ? activity : Told().text + " | " + activity; }
 
 std::string NameOf(const std::shared_ptr<platform::ICharacter>& character)
 {
@@ -66,7 +81,25 @@ std::string statusBar::TextFor(const Activity& activity)
     return doing.empty() ? who : who + " - " + doing;
 }
 
+void statusBar::Tell(const std::string& note)
+{
+    Told() = {note, Milliseconds()};
+    Refresh();
+}
+
+void statusBar::Edited()
+{
+    if (Told().text.empty())
+        return;
+    zbErrorTrap::IgnoreFailure([] {
+        if (Milliseconds() - Told().since < LeastMilliseconds)
+            return;
+        Told() = {};
+        Refresh();
+    });
+}
+
 void statusBar::Refresh()
 {
-    zbErrorTrap::IgnoreFailure([] { MainWindow().staStatus.SetText(TextFor(Now())); });
+    zbErrorTrap::IgnoreFailure([] { MainWindow().staStatus.SetText(WithNote(TextFor(Now()))); });
 }

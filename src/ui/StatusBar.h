@@ -18,6 +18,10 @@ std::string TextFor(const Activity& activity);
 // A character's name without the folder and the ending of a file that it may be named after.
 std::string PlainName(std::string_view name);
 
+// Shows a note before that, until the text is edited, at least for two seconds.
+void Tell(const std::string& note);
+void Edited();
+
 // Shows what the program is doing now; to be called when that may have changed. Failures are ignored.
 void Refresh();
 

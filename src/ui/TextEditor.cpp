@@ -5,12 +5,16 @@
 #include "common/zbErrorTrap.h"
 #include "common/zbGetFileName.h"
 #include "platform/Files.h"
+#include "platform/KeptTexts.h"
 #include "platform/Platform.h"
 #include "reading/bRead.h"
 #include "settings/OptionsRecord.h"
 #include "settings/bOptions.h"
 #include "ui/EditorDocument.h"
+#include "ui/KeptText.h"
+#include "ui/StatusBar.h"
 #include "ui/frmParlune.h"
+#include <exception>
 
 namespace {
 
@@ -23,6 +27,7 @@ void Empty(const std::string& title)
 {
     if (ui::Document().modified)
         textEditor::SaveFile(ui::Document().currentFile);
+    keptText::KeepChanged();
     MainWindow().txtRead.SetText("");
     ui::ShowUnmodified("", title);
     MainWindow().tabMain.Select(ReadTab);
@@ -35,6 +40,19 @@ std::string AskWhereToSave()
         options.LastFolder = platform::Current().files.CurrentFolder();
     return zbGetFileName::GetFileName("Save", "Text Documents (*.txt)|*.txt|All Files|*.*", 2, options.LastFolder, "", "TXT",
                                       "Save Text File");
+}
+
+void Write(const std::string& file)
+{
+    const std::string text = MainWindow().txtRead.CopyOfText();
+    keptText::KeepFormer(file, text);
+    try {
+        platform::Current().files.WriteLine(file, text);
+    } catch (const std::exception&) {
+        keptText::KeepChanged();
+        throw;
+    }
+    keptText::Saved();
 }
 
 std::string TitleOfModified(const std::string& title)
@@ -90,7 +108,7 @@ void textEditor::SaveFile(const std::string& fileName)
         if (file.empty())
             return;
         settings::Options().LastFolder = bGlobal::FolderPart(file);
-        platform::Current().files.WriteLine(file, MainWindow().txtRead.CopyOfText());
+        Write(file);
         ui::ShowUnmodifiedFile(file);
     });
 }
@@ -98,6 +116,8 @@ void textEditor::SaveFile(const std::string& fileName)
 void textEditor::txtRead_Change()
 {
     ui::Document().modified = true;
+    platform::Current().keptTexts.Changed();
+    statusBar::Edited();
     const std::string& title = MainWindow().Caption();
     if (!title.ends_with(ModifiedMark))
         MainWindow().SetCaption(TitleOfModified(title));

@@ -98,25 +98,10 @@ private:
 platform::CPlatform WithScreen(platform::IScreen& screen)
 {
     const platform::CPlatform& now = platform::Current();
-    return {now.characterEngines,
-            now.clipboard,
-            now.clock,
-            now.environment,
-            now.events,
-            now.fileDialogs,
-            now.files,
-            now.fonts,
-            now.locale,
-            now.messageBoxes,
-            now.office,
-            now.profile,
-            now.program,
-            now.random,
-            now.registry,
-            screen,
-            now.shell,
-            now.speechEngines,
-            now.trayIcon};
+    return {now.characterEngines, now.clipboard, now.clock,   now.environment,   now.events,
+            now.fileDialogs,      now.files,     now.fonts,   now.keptTexts,     now.locale,
+            now.messageBoxes,     now.office,    now.profile, now.program,       now.random,
+            now.registry,         screen,        now.shell,   now.speechEngines, now.trayIcon};
 }
 
 }

@@ -287,4 +287,15 @@ TEST_F(TextFiles, WriteLine_AFileThatWasDeletedMeanwhile_HasItsFormAgain)
                                     "a\r\nc\r\n");
 }
 
+TEST_F(TextFiles, Bytes_AreWhatIsWritten)
+{
+    Text("Gr\xFC\xDF\x65\r\nb");
+    for (const char* path : {"a.txt", "new.txt"})
+        for (const char* text : {"Gr\xC3\xBC\xC3\x9F\x65\r\nb\r\n", "\xC3\xBC", ""}) {
+            const std::string bytes = files.Bytes(folder.Path(path), text);
+            files.WriteLine(folder.Path(path), text);
+            EXPECT_EQ(folder.Read(path), bytes);
+        }
+}
+
 }

@@ -196,10 +196,11 @@ protected:
     CHeadlessDesktop desktop;
     CReadOnlyRegistry registry;
     const platform::CPlatform& now = platform::Current();
-    platform::CPlatform platform{now.characterEngines, now.clipboard, now.clock,         now.environment, now.events,
-                                 now.fileDialogs,      now.files,     now.fonts,         now.locale,      now.messageBoxes,
-                                 now.office,           now.profile,   now.program,       now.random,      registry,
-                                 now.screen,           now.shell,     now.speechEngines, now.trayIcon};
+    platform::CPlatform platform{now.characterEngines, now.clipboard,   now.clock,         now.environment,
+                                 now.events,           now.fileDialogs, now.files,         now.fonts,
+                                 now.keptTexts,        now.locale,      now.messageBoxes,  now.office,
+                                 now.profile,          now.program,     now.random,        registry,
+                                 now.screen,           now.shell,       now.speechEngines, now.trayIcon};
     platform::CPlatformInUse inUse{platform};
 };
 

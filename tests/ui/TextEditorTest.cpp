@@ -255,7 +255,13 @@ TEST(TextEditorFailures, SaveFile_WhenACallFails_IsReportedOnceAndTheDocumentSta
         },
         [](CHeadlessDesktop&) { textEditor::SaveFile(""); },
         [](const support::FailedRun& run) {
-            support::ExpectReport(run, {{"FileDialogs.", "bGetFileName:GetFileName"}, {"", "Parlune:SaveFile"}});
+            support::ExpectReport(
+                run, {{"FileDialogs.", "bGetFileName:GetFileName"}, {"KeptTexts.", ""}, {"", "Parlune:SaveFile"}});
+            if (run.FailedIn("KeptTexts.")) {
+                EXPECT_FALSE(ui::Document().modified);
+                EXPECT_EQ(run.desktop.files.Content("C:\\Texts\\b.txt"), "Hello\r\n");
+                return;
+            }
             EXPECT_TRUE(ui::Document().modified);
             EXPECT_EQ(ui::Document().currentFile, "");
             EXPECT_EQ(MainWindow().Caption(), "Parlune - [New File] *");

@@ -4,9 +4,9 @@
 CHeadlessDesktop::CHeadlessDesktop() : CHeadlessDesktop(engine) {}
 
 CHeadlessDesktop::CHeadlessDesktop(platform::ICharacterEngineFactory& characterEngines)
-    : m_platform{characterEngines, clipboard, clock,   environment, events, fileDialogs, files,  fonts, locale,
-                 messageBoxes,     office,    profile, program,     random, registry,    screen, shell, speechEngines,
-                 trayIcon},
+    : m_platform{characterEngines, clipboard, clock,         environment, events,  fileDialogs, files,  fonts,
+                 keptTexts,        locale,    messageBoxes,  office,      profile, program,     random, registry,
+                 screen,           shell,     speechEngines, trayIcon},
       m_inUse(m_platform)
 {
     common::RenewProgramState();

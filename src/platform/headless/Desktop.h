@@ -5,6 +5,7 @@
 #include "platform/headless/Files.h"
 #include "platform/headless/Interaction.h"
 #include "platform/headless/Journal.h"
+#include "platform/headless/KeptTexts.h"
 #include "platform/headless/Registry.h"
 #include "platform/headless/Time.h"
 #include <memory>
@@ -28,6 +29,7 @@ public:
     platform::headless::CRegistry registry{journal};
     platform::headless::CProfile profile{journal};
     platform::headless::CFiles files{journal};
+    platform::headless::CKeptTexts keptTexts{journal, files};
     platform::headless::CEnvironment environment{journal};
     platform::headless::CClipboard clipboard{journal};
     platform::headless::CMessageBoxes messageBoxes{journal};

@@ -33,12 +33,13 @@ std::string BundledCharacters(const IFiles& files)
 }
 
 CLinuxDesktop::CLinuxDesktop(const DesktopSettings& settings)
-    : m_registry(RegistryFile(), CAutostart(AutostartFile(), ProgramFile())), m_environment(settings.commandLine),
-      m_program([this] { FlushStores(); }), m_engine(CreateDesktopEngine({.sound = settings.sound,
-                                                                          .characterFolder = CharacterFolder(m_files),
-                                                                          .bundledFolder = BundledCharacters(m_files),
-                                                                          .settingsFile = EngineSettingsFile(),
-                                                                          .loadedFolder = LoadedFolder()})),
+    : m_keptTexts(m_files, KeptTextsFolder()), m_registry(RegistryFile(), CAutostart(AutostartFile(), ProgramFile())),
+      m_environment(settings.commandLine), m_program([this] { FlushStores(); }),
+      m_engine(CreateDesktopEngine({.sound = settings.sound,
+                                    .characterFolder = CharacterFolder(m_files),
+                                    .bundledFolder = BundledCharacters(m_files),
+                                    .settingsFile = EngineSettingsFile(),
+                                    .loadedFolder = LoadedFolder()})),
       m_platform{.characterEngines = m_engine->Factory(),
                  .clipboard = m_clipboard,
                  .clock = m_clock,
@@ -47,6 +48,7 @@ CLinuxDesktop::CLinuxDesktop(const DesktopSettings& settings)
                  .fileDialogs = m_fileDialogs,
                  .files = m_files,
                  .fonts = m_fonts,
+                 .keptTexts = m_keptTexts.Texts(),
                  .locale = m_locale,
                  .messageBoxes = m_messageBoxes,
                  .office = m_office,

@@ -5,6 +5,7 @@
 #include "platform/linux/LinuxEnvironment.h"
 #include "platform/linux/LinuxFileDialogs.h"
 #include "platform/linux/LinuxFiles.h"
+#include "platform/linux/LinuxKeptTexts.h"
 #include "platform/linux/LinuxLocale.h"
 #include "platform/linux/LinuxMessageBoxes.h"
 #include "platform/linux/LinuxProfile.h"
@@ -34,6 +35,7 @@ private:
     void PrepareFirstStart();
 
     CLinuxFiles m_files;
+    CLinuxKeptTexts m_keptTexts;
     CLinuxRegistry m_registry;
     CLinuxProfile m_profile;
     CLinuxEnvironment m_environment;

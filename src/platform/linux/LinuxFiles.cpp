@@ -133,6 +133,15 @@ std::unique_ptr<ILineReader> CLinuxFiles::OpenLines(const std::string& path) con
     return std::make_unique<CLinuxLineReader>(path, [this, path](const text::FileForm& form) { m_opened[path] = form; });
 }
 
+std::string CLinuxFiles::Bytes(const std::string& path, const std::string& text) const
+{
+    const auto opened = m_opened.find(path);
+    if (opened == m_opened.end())
+        return text::BytesOfNew(text);
+    text::FileForm form = opened->second;
+    return BytesInForm(path, text, form);
+}
+
 void CLinuxFiles::WriteLine(const std::string& path, const std::string& text)
 {
     const auto opened = m_opened.find(path);

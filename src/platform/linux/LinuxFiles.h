@@ -26,6 +26,8 @@ public:
     // A file that was opened for its lines keeps its form: see platform/text/FileForm.h. Any other one is in UTF-8, its
     // lines ended by LF.
     void WriteLine(const std::string& path, const std::string& text) override;
+    // The bytes that WriteLine would give the file.
+    std::string Bytes(const std::string& path, const std::string& text) const;
 
 private:
     mutable std::map<std::string, text::FileForm> m_opened;  // By the path under which it was opened.

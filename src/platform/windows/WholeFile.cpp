@@ -50,15 +50,8 @@ std::optional<std::string> ReadToEnd(const CHandle& file, std::uint32_t& error)
 
 void WriteAll(const CHandle& file, std::string_view bytes)
 {
-    while (!bytes.empty()) {
-        DWORD written = 0;
-        const auto wanted = static_cast<DWORD>(std::min(bytes.size(), PieceSize));
-        if (WriteFile(file.Get(), bytes.data(), wanted, &written, nullptr) == 0)
-            throw FailureOfError(GetLastError());
-        if (written == 0)
-            throw failure::DiskFull();
-        bytes.remove_prefix(written);
-    }
+    if (const std::uint32_t error = WriteAllTo(file.Get(), bytes))
+        throw FailureOfError(error);
 }
 
 std::wstring PathBehindLinks(const CHandle& file, const std::wstring& path)
@@ -111,6 +104,20 @@ std::wstring MakeNewFile(const std::wstring& folder)
     }
     throw FailureOfError(GetLastError());
 }
+}
+
+std::uint32_t WriteAllTo(void* file, std::string_view bytes)
+{
+    while (!bytes.empty()) {
+        DWORD written = 0;
+        const auto wanted = static_cast<DWORD>(std::min(bytes.size(), PieceSize));
+        if (WriteFile(file, bytes.data(), wanted, &written, nullptr) == 0)
+            return GetLastError();
+        if (written == 0)
+            return ERROR_DISK_FULL;
+        bytes.remove_prefix(written);
+    }
+    return 0;
 }
 
 std::optional<std::string> ReadWhole(const std::wstring& path, std::uint32_t& error)

@@ -11,6 +11,9 @@ namespace platform::windowsdesktop {
 // that shrinks while it is read yields what is there.
 std::optional<std::string> ReadWhole(const std::wstring& path, std::uint32_t& error);
 
+// Writes to an open file. Returns 0 or the system's error number.
+std::uint32_t WriteAllTo(void* file, std::string_view bytes);
+
 // New content for a file, gathered in a new file beside it that takes its place when it is complete. Until then, and after
 // every failure, the file has its former content. Attributes and access rights stay; a link is followed. Failures are thrown
 // as CFailure.

@@ -11,6 +11,7 @@ CWindowsDesktop::CWindowsDesktop()
                  .fileDialogs = m_fileDialogs,
                  .files = m_files,
                  .fonts = m_fonts,
+                 .keptTexts = m_keptTexts.Texts(),
                  .locale = m_locale,
                  .messageBoxes = m_messageBoxes,
                  .office = m_office,

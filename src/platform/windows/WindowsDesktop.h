@@ -7,6 +7,7 @@
 #include "platform/windows/WindowsFileDialogs.h"
 #include "platform/windows/WindowsFiles.h"
 #include "platform/windows/WindowsFonts.h"
+#include "platform/windows/WindowsKeptTexts.h"
 #include "platform/windows/WindowsLocale.h"
 #include "platform/windows/WindowsMessageBoxes.h"
 #include "platform/windows/WindowsProfile.h"
@@ -48,6 +49,7 @@ private:
     CWindowsFileDialogs m_fileDialogs;
     CWindowsFiles m_files;
     CWindowsFonts m_fonts;
+    CWindowsKeptTexts m_keptTexts{KeptTextsFolder()};
     CWindowsLocale m_locale;
     CWindowsMessageBoxes m_messageBoxes;
     CComOffice m_office;

@@ -165,10 +165,12 @@ std::unique_ptr<ILineReader> CWindowsFiles::OpenLines(const std::string& path) c
     return std::make_unique<CWindowsLineReader>(path);
 }
 
+std::string CWindowsFiles::Bytes(const std::string& text) { return BytesForFile(text) + "\r\n"; }
+
 void CWindowsFiles::WriteLine(const std::string& path, const std::string& text)
 {
     CReplacement file(AbsolutePath(path));
-    file.Write(BytesForFile(text), "\r\n");
+    file.Write(Bytes(text));
     file.Put();
 }
 

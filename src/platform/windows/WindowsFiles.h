@@ -20,6 +20,7 @@ public:
     void Rename(const std::string& from, const std::string& to) override;
     std::unique_ptr<ILineReader> OpenLines(const std::string& path) const override;
     void WriteLine(const std::string& path, const std::string& text) override;
+    static std::string Bytes(const std::string& text);  // What WriteLine gives a file.
 };
 
 }
