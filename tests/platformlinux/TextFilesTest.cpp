@@ -1,5 +1,6 @@
 #include "TemporaryHome.h"
 #include "platform/Failure.h"
+#include "platform/linux/DocumentFile.h"
 #include "platform/linux/LinuxFiles.h"
 #include <csignal>
 #include <sys/resource.h>
@@ -9,8 +10,10 @@ namespace platform::linuxdesktop {
 namespace {
 struct TextFiles : testing::Test {
     CTemporaryFolder folder;
+    CEnvironmentChange environment;
     CLinuxFiles files;
 
+    void SetUp() override { environment.Set("XDG_STATE_HOME", folder.Path("state")); }
     std::vector<std::string> Lines(const std::string& bytes)
     {
         folder.Write("a.txt", bytes);
@@ -45,6 +48,29 @@ struct TextFiles : testing::Test {
     std::int32_t FailureOfWriting(const std::string& path)
     {
         return FailureOf([&] { files.WriteLine(path, "new"); });
+    }
+    // The name of the only file in a folder.
+    std::string OnlyName(const std::string& name) const
+    {
+        std::vector<std::string> names;
+        std::error_code none;
+        for (const auto& entry : std::filesystem::directory_iterator(folder.Path(name), none))
+            names.push_back(entry.path().filename().string());
+        return names.size() == 1 ? names[0] : "(not one)";
+    }
+    // The folder can be looked into and its files written, but nothing be made there, by a user who owns none of it.
+    void LetNobodyIn() const
+    {
+        folder.MakeFolder("state");
+        ::chmod(folder.Path("state").c_str(), 0777);
+        ::chmod(folder.Path().c_str(), 0755);
+        ::chmod(folder.Path("shut").c_str(), ::geteuid() == 0 ? 0755 : 0555);
+    }
+    static void BecomeNobody()
+    {
+        constexpr uid_t Nobody = 65534;
+        if (::geteuid() == 0 && (::setgid(Nobody) != 0 || ::setuid(Nobody) != 0))
+            ::_exit(2);
     }
     mode_t Mode(const std::string& name) const
     {
@@ -204,6 +230,94 @@ TEST_F(TextFiles, WriteLine_ALink_StaysALink)
     files.WriteLine(folder.Path("link.txt"), "new");
     EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.txt")));
     EXPECT_EQ(folder.Read("real/a.txt"), "new\n");
+}
+
+TEST_F(TextFiles, WriteLine_ALinkToNoFileYet_CreatesTheFileItPointsTo)
+{
+    folder.MakeFolder("real");
+    std::filesystem::create_symlink("real/a.txt", folder.Path("link.txt"));
+    std::filesystem::create_symlink(folder.Path("link.txt"), folder.Path("second.txt"));
+    files.WriteLine(folder.Path("second.txt"), "new");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("link.txt")));
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("second.txt")));
+    EXPECT_EQ(folder.Read("real/a.txt"), "new\n");
+}
+
+TEST_F(TextFiles, WriteLine_ALinkToItself_FailsAndStays)
+{
+    std::filesystem::create_symlink("a.txt", folder.Path("a.txt"));
+    EXPECT_EQ(FailureOfWriting(folder.Path("a.txt")), 76);
+    EXPECT_TRUE(std::filesystem::is_symlink(folder.Path("a.txt")));
+}
+
+TEST_F(TextFiles, WriteLine_AHardLinkedFile_GivesItsTwinTheSameText)
+{
+    folder.Write("a.txt", "a former text that is longer");
+    std::filesystem::create_hard_link(folder.Path("a.txt"), folder.Path("twin.txt"));
+    files.WriteLine(folder.Path("a.txt"), "new");
+    EXPECT_EQ(folder.Read("a.txt"), "new\n");
+    EXPECT_EQ(folder.Read("twin.txt"), "new\n");
+    EXPECT_EQ(std::filesystem::hard_link_count(folder.Path("a.txt")), 2U);
+    EXPECT_EQ(OnlyName("state/parlune/texts"), "(not one)");
+}
+
+TEST_F(TextFiles, WriteLine_AHardLinkedFileOnAFullDisk_KeepsItsText)
+{
+    folder.Write("a.txt", "former");
+    std::filesystem::create_hard_link(folder.Path("a.txt"), folder.Path("twin.txt"));
+    EXPECT_TRUE(SucceedsInChild([&] {
+        const rlimit little{8, 8};
+        ::signal(SIGXFSZ, SIG_IGN);
+        ::setrlimit(RLIMIT_FSIZE, &little);
+        return FailureOf([&] { files.WriteLine(folder.Path("a.txt"), "a text that is much longer"); }) == 61;
+    }));
+    EXPECT_EQ(folder.Read("twin.txt"), "former");
+}
+
+TEST_F(TextFiles, WriteLine_WhereNoNewFileCanBeMade_WritesInPlace)
+{
+    folder.Write("shut/a.txt", "a former text that is longer");
+    ::chmod(folder.Path("shut/a.txt").c_str(), 0666);
+    LetNobodyIn();
+    EXPECT_TRUE(SucceedsInChild([&] {
+        BecomeNobody();
+        return FailureOf([&] { files.WriteLine(folder.Path("shut/b.txt"), "new"); }) == 75 &&
+               FailureOf([&] { files.WriteLine(folder.Path("shut/a.txt"), "new"); }) == 0;
+    }));
+    EXPECT_EQ(folder.Read("shut/a.txt"), "new\n");
+    EXPECT_EQ(OnlyName("shut"), "a.txt");
+    EXPECT_EQ(OnlyName("state/parlune/texts"), "(not one)");
+}
+
+TEST_F(TextFiles, WriteDocument_InPlace_HasItsSafetyCopyBeforeTheFirstByteChanges)
+{
+    folder.Write("a.txt", "former");
+    std::filesystem::create_hard_link(folder.Path("a.txt"), folder.Path("twin.txt"));
+    bool copyWasThere = false;
+    EXPECT_EQ(WriteDocument(folder.Path("a.txt"), "new text",
+                            [&](const std::string& path, const std::string& bytes) -> std::shared_ptr<void> {
+                                copyWasThere = path == folder.Path("a.txt") && bytes == "new text" &&
+                                               folder.Read("a.txt").substr(0, 6) == "former";
+                                return nullptr;
+                            }),
+              0);
+    EXPECT_TRUE(copyWasThere);
+    EXPECT_EQ(folder.Read("twin.txt"), "new text");
+}
+
+// Only root can make a file that belongs to somebody else; for others it is their own.
+TEST_F(TextFiles, WriteLine_AFileOfAnotherOwner_StaysTheirs)
+{
+    folder.Write("a.txt", "former");
+    ::chmod(folder.Path("a.txt").c_str(), 0640);
+    EXPECT_EQ(::chown(folder.Path("a.txt").c_str(), 1, 2), ::geteuid() == 0 ? 0 : -1);
+    struct stat before = {}, after = {};
+    ::stat(folder.Path("a.txt").c_str(), &before);
+    files.WriteLine(folder.Path("a.txt"), "new");
+    ::stat(folder.Path("a.txt").c_str(), &after);
+    EXPECT_EQ(after.st_uid, before.st_uid);
+    EXPECT_EQ(after.st_gid, before.st_gid);
+    EXPECT_EQ(Mode("a.txt"), 0640U);
 }
 
 TEST_F(TextFiles, WriteLine_AReadOnlyFile_FailsAndKeepsItsText)

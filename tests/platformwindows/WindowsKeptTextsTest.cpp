@@ -108,4 +108,30 @@ TEST_F(KeptFolder, KeptTexts_CopyOfAnEndedRun_IsTakenByTheNext)
     EXPECT_EQ(folder.Read(Files()[0]), "Dear\r\n");
 }
 
+TEST_F(KeptFolder, WriteLine_AHardLinkedFile_GivesItsTwinTheSameText)
+{
+    home.Write("a.txt", "a former text that is longer");
+    ASSERT_TRUE(CreateHardLinkW(Wide("twin.txt").c_str(), Wide("a.txt").c_str(), nullptr));
+    CWindowsFiles().WriteLine(home.Path("a.txt"), "new");
+    EXPECT_EQ(home.Read("twin.txt"), "new\r\n");
+}
+
+TEST_F(KeptFolder, WriteInPlace_ALongerAndAShorterText_AreWhole)
+{
+    home.Write("a.txt", "former");
+    WriteInPlace(Wide("a.txt"), "a text that is longer");
+    EXPECT_EQ(home.Read("a.txt"), "a text that is longer");
+    WriteInPlace(Wide("a.txt"), "");
+    EXPECT_EQ(home.Read("a.txt"), "");
+}
+
+TEST_F(KeptFolder, WriteInPlace_AFileThatIsLocked_FailsAndKeepsItsText)
+{
+    home.Write("a.txt", "former");
+    const CHandle held(
+        CreateFileW(Wide("a.txt").c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
+    EXPECT_EQ(FailureOf([&] { WriteInPlace(Wide("a.txt"), "new"); }), 70);
+    EXPECT_EQ(home.Read("a.txt"), "former");
+}
+
 }

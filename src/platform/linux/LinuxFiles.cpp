@@ -1,5 +1,9 @@
 #include "platform/linux/LinuxFiles.h"
+#include "platform/kept/KeptTextStore.h"
+#include "platform/linux/DocumentFile.h"
+#include "platform/linux/LinuxKeptFolder.h"
 #include "platform/linux/LinuxLineReader.h"
+#include "platform/linux/LinuxServices.h"
 #include "platform/linux/UserFolders.h"
 #include "platform/linux/WholeFile.h"
 #include "platform/text/Wildcards.h"
@@ -28,6 +32,19 @@ void RefuseNul(const std::string& path)
 {
     if (path.find('\0') != std::string::npos)
         throw failure::BadFileName();
+}
+
+// Found by the next start if this process does not get to remove it.
+std::shared_ptr<void> KeepUntilWritten(const std::string& path, const std::string& bytes)
+{
+    struct Copy {
+        CLinuxKeptFolder folder{KeptTextsFolder()};
+        kept::CKeptTextStore store{folder, [] { return CLinuxClock().Now(); }};
+        ~Copy() { store.RemoveCopy(); }
+    };
+    auto copy = std::make_shared<Copy>();
+    copy->store.Copy(path, bytes);
+    return copy;
 }
 
 std::string BytesInForm(const std::string& path, const std::string& text, text::FileForm& form)
@@ -147,7 +164,7 @@ void CLinuxFiles::WriteLine(const std::string& path, const std::string& text)
     const auto opened = m_opened.find(path);
     text::FileForm form = opened == m_opened.end() ? text::FileForm() : opened->second;
     const std::string bytes = opened == m_opened.end() ? text::BytesOfNew(text) : BytesInForm(path, text, form);
-    if (const int error = ReplaceDocument(path, bytes, ""))
+    if (const int error = WriteDocument(path, bytes, KeepUntilWritten))
         throw FailureOfError(error, path);
     if (opened != m_opened.end())
         opened->second = form;

@@ -45,27 +45,6 @@ int FindBehindLinks(const std::string& path, std::string& place)
     return error == ENOENT ? 0 : error;
 }
 
-// A file that nobody may write is not replaced either, nor one that this user may not write.
-int MayBeReplaced(const std::string& place)
-{
-    struct stat status = {};
-    if (::stat(place.c_str(), &status) != 0)
-        return errno == ENOENT ? 0 : errno;
-    if (S_ISDIR(status.st_mode))
-        return EISDIR;
-    if (!S_ISREG(status.st_mode) || (status.st_mode & 0222u) == 0 || ::access(place.c_str(), W_OK) != 0)
-        return EACCES;
-    return 0;
-}
-
-// A name beside the file that no file has, hidden and telling whose it is.
-std::string NameBeside(const std::string& place)
-{
-    static std::uint32_t number = 0;
-    const std::string name = std::filesystem::path(place).filename().string().substr(0, 200);
-    return FolderOf(place) + "/." + name + "." + std::to_string(::getpid()) + "-" + std::to_string(++number) + ".parlune";
-}
-
 // The mode of a file that is to be replaced. Returns 0 or the errno: a private file that cannot be looked at now stays
 // private.
 int FindMode(const std::string& path, mode_t& mode)
@@ -188,30 +167,6 @@ int ReplaceWhole(const std::string& path, const std::string& bytes, Survives sur
         return errno;
     if (survives == Survives::PowerLoss)
         SyncPath(FolderOf(place), O_DIRECTORY);
-    return 0;
-}
-
-int ReplaceDocument(const std::string& path, std::string_view text, std::string_view end)
-{
-    if (HasZero(path))
-        return EINVAL;
-    std::string place;
-    if (const int error = FindBehindLinks(path, place))
-        return error;
-    if (const int error = MayBeReplaced(place))
-        return error;
-    const CTemporaryName complete(NameBeside(place));
-    // A new document gets the mode that the user's own mask leaves.
-    CDescriptor file(OpenFile(complete.Name(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0666));
-    struct stat former = {};
-    const bool existed = ::stat(place.c_str(), &former) == 0;
-    if (!existed && errno != ENOENT)
-        return errno;
-    const bool written = file.Open() && (!existed || ::fchmod(file.Get(), former.st_mode & 07777u) == 0) &&
-                         WriteAll(file.Get(), text) && WriteAll(file.Get(), end) && Sync(file) && file.Close();
-    if (!written || ::rename(complete.Name(), place.c_str()) != 0)
-        return errno;
-    SyncPath(FolderOf(place), O_DIRECTORY);
     return 0;
 }
 

@@ -2,7 +2,6 @@
 #include "platform/Failure.h"
 #include <optional>
 #include <string>
-#include <string_view>
 
 // Files read and replaced as a whole.
 namespace platform::linuxdesktop {
@@ -21,11 +20,6 @@ std::optional<std::string> ReadWhole(const std::string& path, int& error);
 // Gives a file new content by way of a new file beside it ("NAME.new"), which takes its place when it is complete. Keeps
 // the mode of the file; a link is followed. Returns 0 or the `errno`; the file then has its former content.
 int ReplaceWhole(const std::string& path, const std::string& bytes, Survives survives);
-
-// Creates a document of the user's, or gives it new content: `text` and `end`. The new content is complete on the disk
-// before it takes the place of the former one, under a name that no other file has. Keeps the mode; a link is followed. A
-// file that may not be written is not replaced. Returns 0 or the `errno`; the file then has its former content.
-int ReplaceDocument(const std::string& path, std::string_view text, std::string_view end);
 
 // Copies a file to a place where there is none yet; the copy appears there complete. Returns 0 or the `errno`.
 int CopyToNewPlace(const std::string& from, const std::string& to);

@@ -54,6 +54,23 @@ void WriteAll(const CHandle& file, std::string_view bytes)
         throw FailureOfError(error);
 }
 
+bool SetLength(const CHandle& file, std::size_t length)
+{
+    LARGE_INTEGER end = {};
+    end.QuadPart = static_cast<LONGLONG>(length);
+    return SetFilePointerEx(file.Get(), end, nullptr, FILE_BEGIN) != 0 && SetEndOfFile(file.Get()) != 0;
+}
+
+// Returns 0 or the error number.
+std::uint32_t WriteOver(const CHandle& file, std::string_view bytes)
+{
+    if (SetFilePointerEx(file.Get(), {}, nullptr, FILE_BEGIN) == 0)
+        return GetLastError();
+    if (const std::uint32_t error = WriteAllTo(file.Get(), bytes))
+        return error;
+    return SetEndOfFile(file.Get()) != 0 && FlushFileBuffers(file.Get()) != 0 ? 0 : GetLastError();
+}
+
 std::wstring PathBehindLinks(const CHandle& file, const std::wstring& path)
 {
     std::wstring real(GetFinalPathNameByHandleW(file.Get(), nullptr, 0, FILE_NAME_NORMALIZED), L'\0');
@@ -181,6 +198,34 @@ void CReplacement::Put()
         m_put = MoveFileExW(m_temporary.c_str(), m_place.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
     if (!m_put)
         throw FailureOfError(error);
+}
+
+bool HasTwins(const std::wstring& path)
+{
+    const CHandle file = OpenFile(path, 0, Everybody);
+    BY_HANDLE_FILE_INFORMATION information = {};
+    return file.Open() && GetFileInformationByHandle(file.Get(), &information) != 0 && information.nNumberOfLinks > 1;
+}
+
+void WriteInPlace(const std::wstring& path, std::string_view bytes)
+{
+    std::uint32_t error = 0;
+    const auto former = ReadWhole(path, error);
+    if (!former)
+        throw FailureOfError(error);
+    const CHandle file = OpenFile(path, GENERIC_WRITE, FILE_SHARE_READ);
+    if (!file.Open())
+        throw FailureOfError(GetLastError());
+    if (bytes.size() > former->size() && !SetLength(file, bytes.size())) {
+        error = GetLastError();
+        SetLength(file, former->size());
+        throw FailureOfError(error);
+    }
+    error = WriteOver(file, bytes);
+    if (error == 0)
+        return;
+    WriteOver(file, *former);
+    throw FailureOfError(error);
 }
 
 }

@@ -40,4 +40,11 @@ private:
     bool m_put = false;
 };
 
+// Whether the file has other names, from which a replacement would part it.
+bool HasTwins(const std::wstring& path);
+
+// Gives a file that is there new content in its place, for one that cannot be replaced. Room for it is made sure of first.
+// When the writing fails the file gets its former content back, and CFailure is thrown.
+void WriteInPlace(const std::wstring& path, std::string_view bytes);
+
 }

@@ -1,10 +1,13 @@
 #include "platform/windows/WindowsFiles.h"
+#include "platform/kept/KeptTextStore.h"
 #include "platform/text/Wildcards.h"
 #include "platform/windows/FileEncoding.h"
 #include "platform/windows/SystemPaths.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WholeFile.h"
 #include "platform/windows/Win32.h"
+#include "platform/windows/WindowsClock.h"
+#include "platform/windows/WindowsKeptFolder.h"
 #include "platform/windows/WindowsLineReader.h"
 #include <algorithm>
 #include <limits>
@@ -66,6 +69,37 @@ private:
     WIN32_FIND_DATAW m_entry = {};
     HANDLE m_handle;
 };
+
+// False when the file is there but no new one may take its place.
+bool Replace(const std::wstring& path, const std::string& bytes)
+{
+    try {
+        CReplacement file(path);
+        file.Write(bytes);
+        file.Put();
+        return true;
+    } catch (const CFailure& failure) {
+        const bool refused = failure.Number() == failure::PathFileAccess().Number();
+        if (!refused || GetFileAttributesW(path.c_str()) == INVALID_FILE_ATTRIBUTES)
+            throw;
+        return false;
+    }
+}
+
+// The copy is found by the next start if this process does not get to remove it.
+void WriteSafelyInPlace(const std::string& path, const std::string& bytes)
+{
+    CWindowsKeptFolder folder(KeptTextsFolder());
+    kept::CKeptTextStore store(folder, [] { return CWindowsClock().Now(); });
+    store.Copy(path, bytes);
+    try {
+        WriteInPlace(AbsolutePath(path), bytes);
+    } catch (const CFailure&) {
+        store.RemoveCopy();
+        throw;
+    }
+    store.RemoveCopy();
+}
 
 DWORD AttributesOf(const std::string& path)
 {
@@ -169,9 +203,10 @@ std::string CWindowsFiles::Bytes(const std::string& text) { return BytesForFile(
 
 void CWindowsFiles::WriteLine(const std::string& path, const std::string& text)
 {
-    CReplacement file(AbsolutePath(path));
-    file.Write(Bytes(text));
-    file.Put();
+    const std::wstring absolute = AbsolutePath(path);
+    const std::string bytes = Bytes(text);
+    if (HasTwins(absolute) || !Replace(absolute, bytes))
+        WriteSafelyInPlace(path, bytes);
 }
 
 }
