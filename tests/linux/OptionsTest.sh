@@ -58,8 +58,11 @@ test_Options_ChangedByMouse_AreStored() {
 }
 
 # What is stored decides whether a character comes.
+# The splash window would take the first clicks.
 start_again() {
     parlune_start
+    expect_soon "the splash window comes" splash_visible
+    expect_soon "it goes" eval '! splash_visible'
     expect_soon "it has started" answers_another_start
     expect_not "the character is hidden at the start" character_visible
 }

@@ -68,5 +68,3 @@ test_Start_WithSplash_CanBeSeenAndGoes() {
     expect "the program runs on" parlune_runs
     expect "it ends well" parlune_end
 }
-splash_window() { visible_window '^Parlune$'; }
-splash_visible() { [ -n "$(splash_window)" ]; }

@@ -50,6 +50,10 @@ is_between() { awk -v low="$1" -v x="$2" -v high="$3" 'BEGIN { exit !(low <= x &
 # From then on a start of the program brings this one to the front.
 answers_another_start() { [ -S "$XDG_RUNTIME_DIR/parlune.socket" ] && has_caught_up; }
 
+# While the options window is hidden: it has the same name.
+splash_window() { visible_window '^Parlune$'; }
+splash_visible() { [ -n "$(splash_window)" ]; }
+
 parlune_runs() { ! has_ended "$parlune_pid"; }
 
 # Processor time of the program so far, in hundredths of a second.
