@@ -28,7 +28,7 @@ TEST_F(KeptTexts, KilledWithAChangedText_TheNextStartTellsWhereItIs)
 {
     BeginShown();
     parlune.SetText("txtRead", "Nobody saved this.");
-    ASSERT_TRUE(Eventually([] { return !Kept("unsaved ").empty(); }, 40));
+    ASSERT_TRUE(Eventually([] { return !Kept("unsaved ").empty(); }, 3 * Patience));  // Half a minute, at least.
     parlune.Process().Kill();
     ASSERT_TRUE(parlune.HasEnded());
     agent.Forget();
