@@ -7,11 +7,6 @@ namespace {
 
 using namespace platform::text;
 
-bool HasMark(std::string_view bytes)
-{
-    return bytes.starts_with("\xEF\xBB\xBF") || bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
-}
-
 void RequireLineEnds(const std::string& text)
 {
     for (std::size_t at = text.find_first_of("\r\n"); at != std::string::npos; at = text.find_first_of("\r\n", at + 2))
