@@ -2,7 +2,7 @@
 # program list_places lies beside `program`.
 # shellcheck shell=bash
 
-declare -A control_places=()
+declare -gA control_places=()
 
 # Reads the places once for a desktop.
 read_places() {
@@ -44,7 +44,7 @@ double_click_at() {
 }
 
 # go_to_tab NAME: opens a page of the options window.
-declare -A tab_numbers=([general]=0 [character]=1 [voice]=2 [balloon]=3 [read]=4 [greetings]=5 [about]=6)
+declare -gA tab_numbers=([general]=0 [character]=1 [voice]=2 [balloon]=3 [read]=4 [greetings]=5 [about]=6)
 go_to_tab() { click_at "tabMain/${tab_numbers[$1]}"; }
 
 # picture_of_window WINDOW FILE: the window as it is seen, with its frame.

@@ -5,7 +5,7 @@
 parlune_pid=
 
 # put_option NAME VALUE: stores an option before the program starts.
-declare -A put_options=()
+declare -gA put_options=() # Campaigns source this inside a function.
 registry_file() { echo "$XDG_CONFIG_HOME/parlune/registry.txt"; }
 put_option() {
     local file name
