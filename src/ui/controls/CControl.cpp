@@ -9,6 +9,18 @@ void Tell(const std::function<void()>& peer)
     if (peer)
         peer();
 }
+
+// Holds a flag as long as it lives, also when a procedure of the window throws.
+class CWhile {
+public:
+    explicit CWhile(bool& flag) : m_flag(flag) { m_flag = true; }
+    ~CWhile() { m_flag = false; }
+    CWhile(const CWhile&) = delete;
+    CWhile& operator=(const CWhile&) = delete;
+
+private:
+    bool& m_flag;
+};
 }
 
 CControl::CControl(CForm& form, std::string name, std::string caption)
@@ -55,9 +67,8 @@ void CForm::Load()
     if (onCreate)
         onCreate();
     m_loaded = true;
-    m_loading = true;
+    const CWhile loading(m_loading);
     Raise(onLoad);
-    m_loading = false;
 }
 
 bool CForm::MayClose(UnloadMode mode) const
@@ -73,17 +84,15 @@ bool CForm::Unload(UnloadMode mode)
     m_sessionEnded = m_sessionEnded || mode == UnloadMode::Session;
     if (!m_loaded || m_closing)
         return true;
-    m_closing = true;
-    const bool mayClose = MayClose(mode);
-    if (mayClose) {
-        Raise(onUnload);
-        m_visible = false;
-        m_loaded = false;
-        Tell(m_peer.changed);
-        Tell(m_peer.unloaded);
-    }
-    m_closing = false;
-    return mayClose;
+    const CWhile closing(m_closing);
+    if (!MayClose(mode))
+        return false;
+    Raise(onUnload);
+    m_visible = false;
+    m_loaded = false;
+    Tell(m_peer.changed);
+    Tell(m_peer.unloaded);
+    return true;
 }
 
 void CForm::SetVisible(bool visible)
