@@ -1,4 +1,5 @@
 #include "Sample.h"
+#include <stdexcept>
 
 namespace {
 
@@ -28,4 +29,20 @@ int SumTo(int last)
     for (int i = 1; i <= last; ++i)
         sum += i;
     return sum;
+}
+
+int Zone(int stop)
+{
+    while (true) {
+        if (stop < 4)
+            return stop;
+        stop -= 4;
+    }
+}
+
+int Platform(const std::string& train)
+{
+    if (train.empty())
+        throw std::invalid_argument("no train");
+    throw std::runtime_error(train);
 }

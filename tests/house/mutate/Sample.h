@@ -6,3 +6,5 @@ bool IsGrown(int age);
 int Fare(int age, bool pupil);
 std::string Ticket(int age, int& sold);
 int SumTo(int last);
+int Zone(int stop);
+int Platform(const std::string& train);

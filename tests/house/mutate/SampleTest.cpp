@@ -1,5 +1,6 @@
 #include "Sample.h"
 #include <gtest/gtest.h>
+#include <stdexcept>
 
 // They leave gaps on purpose: nobody asks for the fare of a pupil, for the age of 6 and for what a ticket says.
 TEST(IsGrown, AtTheLimit_IsTrue) { EXPECT_TRUE(IsGrown(18)); }
@@ -21,3 +22,7 @@ TEST(Ticket, Always_IsCounted)
 }
 
 TEST(SumTo, Three_AddsThreeNumbers) { EXPECT_EQ(SumTo(3), 6); }
+
+TEST(Zone, BehindTheLastZone_BeginsAnew) { EXPECT_EQ(Zone(9), 1); }
+
+TEST(Platform, OfATrain_IsNotKnown) { EXPECT_THROW(Platform("night train"), std::runtime_error); }

@@ -33,6 +33,7 @@ class Finder:
         self.path = path
         self.source = source
         self.sites = {}
+        self.last_throws = set()  # Where those throws begin that a procedure ends with.
 
     def run(self, arguments):
         unit = Index.create().parse(self.path, arguments)
@@ -77,8 +78,11 @@ class Finder:
             return
         if kind in FUNCTIONS:
             function = cursor
+            self.note_last_throw(children)
         elif kind == CursorKind.LAMBDA_EXPR:
             function = None
+        if kind in LOOPS and children:
+            children = [child for child in children if not self.is_endless(child)]
         self.offer(cursor, children, function)
         for child in self.visited(cursor, children):
             self.visit(child, function)
@@ -91,6 +95,16 @@ class Finder:
         if cursor.kind in (CursorKind.DECL_REF_EXPR, CursorKind.MEMBER_REF_EXPR):  # Numbers here are template arguments.
             return [child for child in children if child.kind != CursorKind.INTEGER_LITERAL]
         return children
+
+    # A procedure that comes to its end without a result may do anything: no fault lets it.
+
+    def note_last_throw(self, children):
+        statements = list(children[-1].get_children()) if children else []
+        if statements and self.text(statements[-1]).startswith("throw "):
+            self.last_throws.add(statements[-1].extent.start.offset)
+
+    def is_endless(self, condition):
+        return condition.kind == CursorKind.CXX_BOOL_LITERAL_EXPR and self.text(condition) == "true"
 
     def is_constant(self, cursor):
         if cursor.kind not in FUNCTIONS + (CursorKind.VAR_DECL,):
@@ -160,6 +174,8 @@ class Finder:
     def drop_statements(self, statements):
         for statement in statements:
             text = self.text(statement)
+            if statement.extent.start.offset in self.last_throws:
+                continue
             if statement.kind.is_expression() and ".reserve(" not in text:  # That one only saves time.
                 self.add(statement, "", f"({ON} ? static_cast<void>(0) : static_cast<void>({text}))")
 
