@@ -2,7 +2,6 @@
 
 import hashlib
 import json
-import os
 import re
 import subprocess
 from multiprocessing import Pool
@@ -13,8 +12,9 @@ from . import finding
 HERE = Path(__file__).parent
 PARTS = ("CMakeLists.txt", "CMakePresets.json", "cmake", "src", "tests", "characters", "packaging", "tools")
 DESKTOP_TARGETS = ["parlune", "list_places", "drag_file"]
-# The sanitizers of ./test stop where the library's own checks stop.
-FLAGS = "-O1 -DNDEBUG -D_GLIBCXX_ASSERTIONS"
+# For sources with faults only: what has none is compiled as ever, and comes from the compiler's cache. The sanitizers of ./test
+# stop where the library's own checks stop.
+FLAGS = f"-w;-Wno-narrowing;-O1;-D_GLIBCXX_ASSERTIONS;-include;{HERE}/Fault.h"
 ROUNDS = 8  # So often faults that do not compile are replaced by others.
 
 
@@ -47,8 +47,10 @@ def whole_lines(source, begin, end, text):
 
 
 class Tree:
-    def __init__(self, root, folder, group):
-        self.root, self.folder, self.group = root, folder, group
+    """`work` keeps what is known about the sources; `folder` is the copy."""
+
+    def __init__(self, root, work, folder, group):
+        self.root, self.work, self.folder, self.group = root, work, folder, group
         self.build_folder = folder / "build" / "linux"
 
     # Copying
@@ -56,8 +58,7 @@ class Tree:
     def copy(self, parts=PARTS):
         for part in parts:
             self.copy_part(part)
-        options = f"-w;-Wno-narrowing;-include;{HERE}/Fault.h"
-        marks = f'set_source_files_properties(${{faulty_sources}} PROPERTIES COMPILE_OPTIONS "{options}")\n'
+        marks = f'set_source_files_properties(${{faulty_sources}} PROPERTIES COMPILE_OPTIONS "{FLAGS}")\n'
         lists = self.root / "src" / "CMakeLists.txt"
         write_if_changed(self.folder / "src" / "CMakeLists.txt",
                          b"include(${CMAKE_SOURCE_DIR}/faulty.cmake)\n" + marks.encode() + lists.read_bytes())
@@ -91,10 +92,10 @@ class Tree:
         commands = json.loads((self.build_folder / "compile_commands.json").read_text())
         arguments = {command["file"]: compiler_arguments(command) for command in commands}
         compiled = [path for path in self.sources() if str(self.folder / path) in arguments]
-        keep = self.folder.parent / "sites"
-        keep.mkdir(exist_ok=True)
+        keep = self.work / "sites"
+        keep.mkdir(parents=True, exist_ok=True)
         with Pool(2) as pool:
-            jobs = [(keep, str(self.root / path), arguments[str(self.folder / path)]) for path in compiled]
+            jobs = [(keep, self.root, path, arguments[str(self.folder / path)]) for path in compiled]
             found = pool.starmap(find_or_recall, jobs)
         return [(path, site) for path, sites in zip(compiled, found) for site in sites]
 
@@ -105,15 +106,13 @@ class Tree:
     # Building
 
     def configure(self):
-        self.run(["cmake", "-S", str(self.folder), "--preset", "linux", "-DPARLUNE_TESTS=ON", f"-DCMAKE_CXX_FLAGS_RELEASE={FLAGS}",
+        self.run(["cmake", "-S", str(self.folder), "--preset", "linux", "-DPARLUNE_TESTS=ON",
                   f"-DPARLUNE_DESKTOP={'ON' if self.group.desktop else 'OFF'}"], "configure")
 
     def run(self, command, name):
-        log = self.folder.parent / f"{self.group.name}-{name}.log"
+        log = self.work / f"{self.group.name}-{name}.log"
         with open(log, "w", encoding="utf-8") as output:
-            done = subprocess.run(command, cwd=self.folder, stdout=output, stderr=subprocess.STDOUT, check=False,
-                                  env={**os.environ, "CCACHE_BASEDIR": str(self.folder)})
-            if done.returncode == 0:
+            if subprocess.run(command, cwd=self.folder, stdout=output, stderr=subprocess.STDOUT, check=False).returncode == 0:
                 return None
         if name == "configure":
             raise TreeError(f"cmake failed, see {log}")
@@ -141,7 +140,7 @@ class Tree:
                 return faults
             bad = refused_faults(said, str(self.folder), faults)
             if not bad:
-                raise TreeError(f"the build failed: {self.folder.parent}/{self.group.name}-build.log")
+                raise TreeError(f"the build failed: {self.work}/{self.group.name}-build.log")
             print(f"{len(bad)} faults do not compile and are replaced", flush=True)
             for fault in bad:
                 faults[faults.index(fault)] = {**next(more), "number": fault["number"]}
@@ -157,11 +156,11 @@ def compiler_arguments(command):
     return kept
 
 
-def find_or_recall(keep, path, arguments):
-    content = Path(path).read_bytes() + (HERE / "finding.py").read_bytes()
+def find_or_recall(keep, root, path, arguments):
+    content = (root / path).read_bytes() + (HERE / "finding.py").read_bytes()
     kept = keep / hashlib.sha256(path.encode() + content).hexdigest()
     if not kept.exists():
-        sites = [(site.begin, site.end, site.variants) for site in finding.find_sites(path, arguments)]
+        sites = [(site.begin, site.end, site.variants) for site in finding.find_sites(str(root / path), arguments)]
         kept.write_text(json.dumps(sites))
     return [finding.Site(*site) for site in json.loads(kept.read_text())]
 
