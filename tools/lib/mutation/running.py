@@ -10,7 +10,8 @@ from pathlib import Path
 
 MEMORY = 6 << 30
 PATIENCE = 60  # Seconds on the clock that a run may take beyond its time of the processor: the machine may be busy.
-LONG_TESTS = 4  # So many tests of the real program are tried for a fault: those that reach fewest other faults.
+CLOSE_TESTS = 12  # So many are tried first: those that reach fewest other faults are most likely to notice.
+LONG_TESTS = 4  # So many tests of the real program are tried at all.
 
 
 class Run:
@@ -42,8 +43,9 @@ class TestProgram:
             flags.flush()
             return run_limited([self.path, f"--gtest_flagfile={flags.name}"], self.folder, variables, seconds)
 
-    def closest(self, tests, _studied):
-        return tests
+    def batches(self, closest):
+        """The tests as they should run one after the other, the most promising ones first."""
+        return [closest[:CLOSE_TESTS], closest[CLOSE_TESTS:]]
 
     def failed_test(self, output):
         """The first test that failed; the program may have broken off."""
@@ -82,8 +84,8 @@ class DesktopTests:
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
         return Run(done.returncode, time.monotonic() - before, done.stdout)
 
-    def closest(self, tests, studied):
-        return sorted(tests, key=lambda test: (len(studied[test]["reaches"]), studied[test]["seconds"]))[:LONG_TESTS]
+    def batches(self, closest):
+        return [closest[:LONG_TESTS]]
 
     def failed_test(self, output):
         match = re.search(r"(?m)^failed (\w+)", output)
@@ -131,13 +133,14 @@ def try_fault(number, programs, studied, factor):
     reached = 0
     begun = time.monotonic()
     for name, program in programs:
-        tests = [test for test, known in studied[name].items() if number in known["reaches"]]
-        if not tests:
-            continue
+        known = studied[name]
+        tests = [test for test in known if number in known[test]["reaches"]]
         reached += len(tests)
-        allowed = factor * sum(studied[name][test]["seconds"] for test in tests) + 2
-        run = program.run(program.closest(tests, studied[name]), {"PARLUNE_FAULT": str(number)}, allowed)
-        if run.code != 0:
-            by = program.failed_test(run.output) or f"ended with {run.code}"
-            return {"noticed": f"{name}: {by}", "seconds": time.monotonic() - begun}
+        tests.sort(key=lambda test: (len(known[test]["reaches"]), known[test]["seconds"]))
+        for batch in filter(None, program.batches(tests)):
+            allowed = factor * sum(known[test]["seconds"] for test in batch) + 2
+            run = program.run(batch, {"PARLUNE_FAULT": str(number)}, allowed)
+            if run.code != 0:
+                by = program.failed_test(run.output) or f"ended with {run.code}"
+                return {"noticed": f"{name}: {by}", "seconds": time.monotonic() - begun}
     return {"noticed": None, "reached": reached, "seconds": time.monotonic() - begun}
