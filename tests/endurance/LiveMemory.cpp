@@ -1,5 +1,6 @@
 #include "endurance/LiveMemory.h"
 #include <atomic>
+#include <cstddef>
 #include <cstdlib>
 #include <new>
 
@@ -11,6 +12,8 @@ static_assert(Front >= sizeof(std::size_t));
 
 std::atomic<std::int64_t> bytes = 0;
 std::atomic<std::int64_t> blocks = 0;
+std::atomic<std::int64_t> requests = 0;
+std::atomic<std::int64_t> requestToFail = 0;
 
 void Count(std::size_t size, int direction)
 {
@@ -20,6 +23,8 @@ void Count(std::size_t size, int direction)
 
 void* AllocateOrNull(std::size_t size) noexcept
 {
+    if (++requests == requestToFail)
+        return nullptr;
     auto* block = static_cast<char*>(std::malloc(Front + size));
     if (block == nullptr)
         return nullptr;
@@ -59,3 +64,10 @@ void operator delete[](void* given, std::size_t) noexcept { Release(given); }
 
 std::int64_t liveMemory::Bytes() { return bytes; }
 std::int64_t liveMemory::Blocks() { return blocks; }
+std::int64_t liveMemory::Requests() { return requests; }
+
+void liveMemory::FailRequest(std::int64_t number)
+{
+    requests = 0;
+    requestToFail = number;
+}

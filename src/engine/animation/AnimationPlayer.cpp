@@ -39,10 +39,10 @@ void CAnimationPlayer::Exit(Ended ended)
         End();
         return;
     }
+    m_left.assign(m_animation->frames.size(), false);  // First: without it there is no way out.
     const bool wasRunning = m_running;
     m_running = true;
     m_exiting = true;
-    m_left.assign(m_animation->frames.size(), false);
     m_due = m_timers.NowMilliseconds();
     if (wasRunning)
         m_timer.Start(0, [this] { StepOn(); });  // The present frame has been seen: whoever wants something does not wait.

@@ -5,6 +5,7 @@
 #include "engine/speech/VoiceChoice.h"
 #include "platform/Failure.h"
 #include <cstdlib>
+#include <exception>
 
 namespace engine {
 
@@ -13,8 +14,8 @@ using platform::RequestStatus;
 namespace engineError = platform::engineError;
 
 CActor::CActor(Core& core, std::string id, CharacterRef character, bool isDefault)
-    : m_core(core), m_id(std::move(id)), m_character(std::move(character)), m_isDefault(isDefault),
-      m_name(NamesFor(*m_character, core.settings.languageId).name), m_mouse(*this),
+    : m_core(core), m_id(std::move(id)), m_character(std::move(character)), m_guid(GuidOf(*m_character)),
+      m_isDefault(isDefault), m_name(NamesFor(*m_character, core.settings.languageId).name), m_mouse(*this),
       m_stage(core.host, *m_character, m_mouse), m_pose(core.host, *m_character, m_stage),
       m_idler(core.host.Timers(), m_pose),
       m_balloon(m_character->balloon
@@ -28,14 +29,18 @@ CActor::CActor(Core& core, std::string id, CharacterRef character, bool isDefaul
       m_placement(core, m_id, m_stage, m_balloon.get()), m_speech(core.host, *this), m_queue(*core.postbox, *this, *this)
 {
     m_pose.AllowSounds(core.user->Now().soundEffectsOn);
-    m_core.host.LoadedCharacters().Enter(GuidOf(*m_character));
     m_idler.SetEvents([this] { m_core.Tell([id = m_id](auto& events) { events.IdleStart(id); }); },
                       [this] { m_core.Tell([id = m_id](auto& events) { events.IdleComplete(id); }); });
+    m_core.host.LoadedCharacters().Enter(m_guid);  // Last: who does not come to be never leaves.
 }
 
 CActor::~CActor()
 {
-    m_core.host.LoadedCharacters().Leave(GuidOf(*m_character));
+    try {
+        m_core.host.LoadedCharacters().Leave(m_guid);
+    } catch (const std::exception&) {
+        // Without memory for it the other programs see the character until this one ends.
+    }
     m_core.host.SpeechInput().Withdraw(this);
     m_queue.Abandon();
     m_speech.Stop();

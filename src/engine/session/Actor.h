@@ -54,7 +54,7 @@ public:
     void UserSettingsChanged();
     // Takes the place of another character before anybody has seen this one: what the program has set, and the sight.
     void Replace(CActor& other);
-    bool OtherClientsHaveIt() const { return m_core.host.LoadedCharacters().OthersHave(GuidOf(*m_character)); }
+    bool OtherClientsHaveIt() const { return m_core.host.LoadedCharacters().OthersHave(m_guid); }
 
 private:
     void Perform(WorkItem& item) override;
@@ -102,6 +102,7 @@ private:
     Core& m_core;
     const std::string m_id;
     const CharacterRef m_character;
+    const std::string m_guid;
     const bool m_isDefault;
     std::string m_name;
     std::string m_modeId;  // Set by the program.

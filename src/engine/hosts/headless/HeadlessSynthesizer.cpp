@@ -99,9 +99,9 @@ UtteranceID CHeadlessSynthesizer::Synthesize(const std::string& modeId, std::vec
     const UtteranceID id = m_forgotten + m_orders.size();
     if (silent)
         return id;
-    m_jobs.push_back({id, Make(segments), std::move(receive)});
     if (m_timer == 0)
         m_timer = m_timers.CallLater(latency, [this] { Deliver(); });
+    m_jobs.push_back({id, Make(segments), std::move(receive)});  // Last: who gave an order that failed may be gone.
     return id;
 }
 
