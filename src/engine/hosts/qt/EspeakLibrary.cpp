@@ -4,6 +4,7 @@
 #include <array>
 #include <cstring>
 #include <espeak-ng/speak_lib.h>
+#include <exception>
 #include <set>
 #include <utility>
 
@@ -13,20 +14,35 @@ namespace {
 // Without it the library ends the program when its data is missing.
 constexpr int DoNotExit = 0x8000;
 
+// Who hears of one text, and what they threw: no exception may pass through the library.
+struct Hearing {
+    CEspeakLibrary::IListener& listener;
+    std::exception_ptr failure;
+};
+
+bool Tell(CEspeakLibrary::IListener& listener, const short* samples, int count, const espeak_EVENT* events)
+{
+    for (const espeak_EVENT* event = events; event->type != espeakEVENT_LIST_TERMINATED; ++event) {
+        if (event->type == espeakEVENT_WORD)
+            listener.Word(event->sample, event->text_position);
+        else if (event->type == espeakEVENT_PHONEME)
+            listener.Phoneme(event->sample, {event->id.string, strnlen(event->id.string, sizeof event->id.string)});
+    }
+    return !samples || count <= 0 || listener.Samples(samples, static_cast<std::size_t>(count));
+}
+
 // Called by the library with the samples of its next stretch and what happens in them; 1 stops the text.
 int Receive(short* samples, int count, espeak_EVENT* events)
 {
-    auto* listener = static_cast<CEspeakLibrary::IListener*>(events->user_data);
-    if (!listener)
+    auto* hearing = static_cast<Hearing*>(events->user_data);
+    if (!hearing)
         return 0;
-    for (const espeak_EVENT* event = events; event->type != espeakEVENT_LIST_TERMINATED; ++event) {
-        if (event->type == espeakEVENT_WORD)
-            listener->Word(event->sample, event->text_position);
-        else if (event->type == espeakEVENT_PHONEME)
-            listener->Phoneme(event->sample, {event->id.string, strnlen(event->id.string, sizeof event->id.string)});
+    try {
+        return Tell(hearing->listener, samples, count, events) ? 0 : 1;
+    } catch (...) {
+        hearing->failure = std::current_exception();
+        return 1;
     }
-    const bool more = !samples || count <= 0 || listener->Samples(samples, static_cast<std::size_t>(count));
-    return more ? 0 : 1;
 }
 
 // The file's name without its folder: the folders change from release to release.
@@ -125,7 +141,11 @@ void CEspeakLibrary::Set(const Setting& setting)
 bool CEspeakLibrary::Speak(const std::string& text, bool endPause, IListener& listener)
 {
     const unsigned flags = espeakCHARS_UTF8 | (endPause ? static_cast<unsigned>(espeakENDPAUSE) : 0U);
-    return espeak_Synth(text.c_str(), text.size() + 1, 0, POS_CHARACTER, 0, flags, nullptr, &listener) == EE_OK;
+    Hearing hearing{listener, nullptr};
+    const auto result = espeak_Synth(text.c_str(), text.size() + 1, 0, POS_CHARACTER, 0, flags, nullptr, &hearing);
+    if (hearing.failure)
+        std::rethrow_exception(hearing.failure);
+    return result == EE_OK;
 }
 
 }

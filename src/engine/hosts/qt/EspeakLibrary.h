@@ -37,7 +37,8 @@ public:
     std::vector<Voice> Voices() const;
     bool SelectVoice(const std::string& key, bool whisper);
     void Set(const Setting& setting);
-    // Makes the whole text, UTF-8, as fast as it can. False on failure; stopping by the listener is none.
+    // Makes the whole text, UTF-8, as fast as it can. False on failure; stopping by the listener is none. What the listener
+    // throws stops the text and comes out here.
     bool Speak(const std::string& text, bool endPause, IListener& listener);
 
 private:

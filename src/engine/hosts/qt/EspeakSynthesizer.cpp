@@ -1,17 +1,38 @@
 #include "engine/hosts/qt/EspeakSynthesizer.h"
-#include <QMetaObject>
+#include <QCoreApplication>
+#include <QEvent>
+#include <memory>
 
 namespace engine {
 
+// The event first: when there is no memory for either, nothing was put.
+void CSpeechInbox::Put(UtteranceID utterance, SpeechChunk chunk)
+{
+    auto wakeUp = std::make_unique<QEvent>(QEvent::User);
+    {
+        const std::lock_guard lock(m_mutex);
+        m_waiting.emplace_back(utterance, std::move(chunk));
+    }
+    QCoreApplication::postEvent(this, wakeUp.release());
+}
+
+bool CSpeechInbox::event(QEvent* event)
+{
+    if (event->type() != QEvent::User)
+        return QObject::event(event);
+    std::unique_lock lock(m_mutex);
+    if (m_waiting.empty())
+        return true;
+    auto [utterance, chunk] = std::move(m_waiting.front());
+    m_waiting.pop_front();
+    lock.unlock();
+    m_receive(utterance, std::move(chunk));
+    return true;
+}
+
 CEspeakSynthesizer::CEspeakSynthesizer()
-    : m_worker([this](UtteranceID utterance, SpeechChunk chunk) {
-          QMetaObject::invokeMethod(
-              &m_userInterface,
-              [this, utterance, sent = std::make_shared<SpeechChunk>(std::move(chunk))] {
-                  Receive(utterance, std::move(*sent));
-              },
-              Qt::QueuedConnection);
-      })
+    : m_inbox([this](UtteranceID utterance, SpeechChunk chunk) { Receive(utterance, std::move(chunk)); }),
+      m_worker([this](UtteranceID utterance, SpeechChunk chunk) { m_inbox.Put(utterance, std::move(chunk)); })
 {
 }
 
@@ -19,8 +40,8 @@ UtteranceID CEspeakSynthesizer::Synthesize(const std::string& modeId, std::vecto
                                            std::function<void(SpeechChunk)> receive)
 {
     const UtteranceID utterance = ++m_lastUtterance;
-    m_receivers.emplace(utterance, std::move(receive));
     m_worker.Add(utterance, modeId, std::move(segments));
+    m_receivers.emplace(utterance, std::move(receive));  // Soon enough: what is made comes from the event loop.
     return utterance;
 }
 

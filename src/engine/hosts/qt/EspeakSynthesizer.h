@@ -2,9 +2,28 @@
 #include "engine/Host.h"
 #include "engine/hosts/qt/EspeakWorker.h"
 #include <QObject>
+#include <deque>
 #include <map>
+#include <mutex>
+#include <utility>
 
 namespace engine {
+
+// What the worker's thread has made, on its way to the user-interface thread, where this object lives. What was put here and
+// not received dies with it.
+class CSpeechInbox final : public QObject {
+public:
+    using Receive = std::function<void(UtteranceID, SpeechChunk)>;
+    explicit CSpeechInbox(Receive receive) : m_receive(std::move(receive)) {}
+    void Put(UtteranceID utterance, SpeechChunk chunk);  // On any thread. Each is received from an event of its own.
+
+private:
+    bool event(QEvent* event) override;
+
+    Receive m_receive;
+    std::mutex m_mutex;
+    std::deque<std::pair<UtteranceID, SpeechChunk>> m_waiting;
+};
 
 // Speech by libespeak-ng. An utterance for a mode id that no voice has fails.
 class CEspeakSynthesizer final : public ISynthesizer {
@@ -23,7 +42,7 @@ private:
 
     std::map<UtteranceID, std::function<void(SpeechChunk)>> m_receivers;
     UtteranceID m_lastUtterance = 0;
-    QObject m_userInterface;         // Lives on its thread; what is posted to it dies with it.
+    CSpeechInbox m_inbox;
     mutable CEspeakWorker m_worker;  // Gone first, so that it posts to nobody. Starts at the first question.
 };
 

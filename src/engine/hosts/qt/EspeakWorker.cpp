@@ -2,7 +2,10 @@
 #include "engine/hosts/qt/SteadyClock.h"
 #include "engine/hosts/qt/Utterance.h"
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <exception>
+#include <new>
 
 namespace engine {
 namespace {
@@ -77,24 +80,54 @@ void CEspeakWorker::Run()
 {
     LoadVoices();
     while (const std::optional<Job> job = TakeJob())
-        Perform(*job);
+        PerformOrFail(*job);
+}
+
+// An exception would end the program here, and whoever waits for this speech would wait for ever without an answer.
+void CEspeakWorker::PerformOrFail(const Job& job)
+{
+    try {
+        return Perform(job);
+    } catch (const std::exception&) {
+        std::fputs("Parlune: a text could not be made into speech.\n", stderr);
+    }
+    while (!DeliverFailure(job.id))
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+}
+
+// False while there is no memory even for that.
+bool CEspeakWorker::DeliverFailure(UtteranceID id)
+{
+    try {
+        m_deliver(id, SpeechChunk{{}, {}, {}, /*last*/ true, /*failed*/ true});
+        return true;
+    } catch (const std::bad_alloc&) {
+        return false;
+    }
 }
 
 void CEspeakWorker::LoadVoices()
 {
-    CEspeakLibrary& library = CEspeakLibrary::Get();
-    {
-        const auto owner = library.Lock();
-        const std::string& failure = library.Start();
-        if (!failure.empty())
-            std::fprintf(stderr, "Parlune: no speech: %s\n", failure.c_str());
-        else
-            m_voices = library.Voices();
-        m_sampleRate = library.SampleRate();
+    try {
+        ReadVoices();
+    } catch (const std::bad_alloc&) {
+        m_voices.clear();
     }
     const std::lock_guard lock(m_mutex);
     m_ready = true;
     m_changed.notify_all();
+}
+
+void CEspeakWorker::ReadVoices()
+{
+    CEspeakLibrary& library = CEspeakLibrary::Get();
+    const auto owner = library.Lock();
+    const std::string& failure = library.Start();
+    m_sampleRate = library.SampleRate();
+    if (failure.empty())
+        m_voices = library.Voices();
+    else
+        std::fprintf(stderr, "Parlune: no speech: %s\n", failure.c_str());
 }
 
 // Waits for the next utterance. No value when there will be none.

@@ -33,8 +33,11 @@ private:
     void WaitUntilReady();
     void Run();
     void LoadVoices();
+    void ReadVoices();
     std::optional<Job> TakeJob();
+    void PerformOrFail(const Job& job);
     void Perform(const Job& job);
+    bool DeliverFailure(UtteranceID id);
     std::string KeyOf(const std::string& modeId) const;
     bool MayProceed(std::int64_t samplesMade, std::int64_t startedAt);
 

@@ -2,6 +2,7 @@
 #include "engine/hosts/qt/SteadyClock.h"
 #include <algorithm>
 #include <cstdio>
+#include <new>
 #include <pulse/pulseaudio.h>
 
 namespace engine {
@@ -70,7 +71,15 @@ void CPulseServer::SayNoSound(const char* reason)
     m_said = true;
 }
 
-void CPulseServer::ContextChanged(pa_context*, void* server) { static_cast<CPulseServer*>(server)->Changed(); }
+// No exception may pass through libpulse. A listener without memory for its stream goes on by the clock.
+void CPulseServer::ContextChanged(pa_context*, void* server)
+{
+    try {
+        static_cast<CPulseServer*>(server)->Changed();
+    } catch (const std::bad_alloc&) {
+        static_cast<CPulseServer*>(server)->SayNoSound("there is no memory for it");
+    }
+}
 
 void CPulseServer::Changed()
 {
