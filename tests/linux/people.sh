@@ -39,6 +39,12 @@ copy_picture() {
     xclip -selection clipboard -t image/png -i "$desktop/picture.png" >/dev/null 2>&1
 }
 
+# add_sink NAME RATE: a loudspeaker, the one that is played to from now on. Sets `sink` to what removes it.
+add_sink() {
+    sink=$(pactl load-module module-null-sink sink_name="$1" rate="$2" channels=1 norewinds=1)
+    pactl set-default-sink "$1"
+}
+
 # Seconds in a recording that are not silence.
 seconds_heard() {
     sox -t raw -r 22050 -e signed -b 16 -c 1 "$1" -n silence -l 1 0.02 1% -1 0.15 1% stat 2>&1 | awk '/Length/ { print $3 }'
