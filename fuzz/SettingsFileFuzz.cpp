@@ -1,6 +1,6 @@
+#include "base/text/Utf8.h"
 #include "platform/text/Encoding.h"
 #include "platform/text/ProfileText.h"
-#include "platform/text/Utf8.h"
 #include <cstdint>
 #include <cstdlib>
 
@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     if (ReadProfileValue(WithoutProfileKey(*set, "Robby", "FontSize"), "Robby", "FontSize") ||
         !ReadProfileKeys(WithoutProfileSection(*set, "Robby"), "Robby").empty())
         std::abort();
-    if (!IsUtf8(TextOfBytes(text)))
+    if (!::text::IsUtf8(TextOfBytes(text)))
         std::abort();
     return 0;
 }

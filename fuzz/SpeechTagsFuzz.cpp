@@ -1,5 +1,6 @@
 #include "Require.h"
-#include "engine/base/Utf8.h"
+#include "base/text/Text.h"
+#include "base/text/Utf8.h"
 #include "engine/speech/SpeechTags.h"
 #include <algorithm>
 
@@ -12,9 +13,9 @@ using engine::TextPlace;
 void RequireWhole(std::string_view text)
 {
     for (std::size_t at = 0; at < text.size();) {
-        const engine::Utf8Character character = engine::CharacterAt(text, at);
-        Require(character.valid);
-        at += character.bytes;
+        const text::Character character = text::CharacterAt(text, at);
+        Require(character.IsValid());
+        at += character.size;
     }
 }
 
@@ -23,7 +24,7 @@ void RequirePlace(const SpokenText& speech, TextPlace place)
     if (speech.segments.empty())
         return Require(place == TextPlace{});
     Require(place.segment < speech.segments.size());
-    Require(place.position <= engine::CountCharacters(speech.segments[place.segment].text));
+    Require(place.position <= text::Length(speech.segments[place.segment].text));
 }
 
 void RequireSegments(const SpokenText& speech)

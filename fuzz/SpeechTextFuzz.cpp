@@ -1,5 +1,6 @@
 #include "Require.h"
-#include "engine/base/Utf8.h"
+#include "base/text/Text.h"
+#include "base/text/Utf8.h"
 #include "engine/hosts/qt/SpeechText.h"
 #include <algorithm>
 
@@ -10,9 +11,9 @@ namespace {
 void RequireSpoken(const std::string& spoken, bool emphasis)
 {
     for (std::size_t at = 0; at < spoken.size();) {
-        const engine::Utf8Character character = engine::CharacterAt(spoken, at);
-        Require(character.valid);
-        at += character.bytes;
+        const text::Character character = text::CharacterAt(spoken, at);
+        Require(character.IsValid());
+        at += character.size;
     }
     Require(spoken.find('\0') == std::string::npos);
     const auto commands = std::count(spoken.begin(), spoken.end(), '\x01');
@@ -33,7 +34,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const int step = 1 + data[0] / 2;
     for (int position = 1 - step; position <= static_cast<int>(speech.Spoken().size()) + step; position += step) {
         const auto word = speech.WordAt(position);
-        Require(!word || (*word < engine::CountCharacters(text) && (!before || *word > *before)));
+        Require(!word || (*word < text::Length(text) && (!before || *word > *before)));
         before = word ? word : before;
     }
     Require(!speech.Blank() || !before);

@@ -1,5 +1,7 @@
 #include "Require.h"
-#include "common/Text.h"
+#include "base/text/Case.h"
+#include "base/text/Text.h"
+#include "common/Numbers.h"
 #include "platform/Failure.h"
 #include "platform/headless/Desktop.h"
 #include "reading/CParser.h"

@@ -1,5 +1,6 @@
 #include "Require.h"
-#include "platform/text/Utf8.h"
+#include "base/text/Case.h"
+#include "base/text/Utf8.h"
 #include "platform/text/Wildcards.h"
 #include <vector>
 
@@ -13,7 +14,7 @@ std::vector<std::string_view> CharactersOf(std::string_view text)
 {
     std::vector<std::string_view> characters;
     for (; !text.empty(); text.remove_prefix(characters.back().size()))
-        characters.push_back(text.substr(0, CharacterAt(text, 0).bytes));
+        characters.push_back(text.substr(0, ::text::CharacterAt(text, 0).size));
     return characters;
 }
 
@@ -41,7 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view text = TextOf(data + 1, size - 1);
     const std::string_view pattern = text.substr(0, data[0]);
     const std::string_view name = text.substr(pattern.size());
-    const std::string foldedName = FoldCase(name), foldedPattern = FoldCase(pattern);
+    const std::string foldedName = ::text::FoldCase(name), foldedPattern = ::text::FoldCase(pattern);
     const bool fits = pattern == "*.*" || Fits(CharactersOf(foldedName), CharactersOf(foldedPattern));
     Require(MatchesWildcards(name, pattern) == fits);
     Require(MatchesWildcards(name, "*.*") && MatchesWildcards(name, "*"));

@@ -1,6 +1,5 @@
 #include "Require.h"
 #include "engine/balloon/WordBalloon.h"
-#include "engine/base/Utf8.h"
 #include "engine/hosts/headless/HeadlessHost.h"
 
 // A balloon of any style word, at any place and with any text: its window lies inside the work area where it fits, its lines

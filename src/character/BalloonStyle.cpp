@@ -1,5 +1,5 @@
 #include "character/bParlune.h"
-#include "common/Text.h"
+#include "common/Numbers.h"
 #include "common/zbErrorTrap.h"
 #include "ui/frmParlune.h"
 #include <array>

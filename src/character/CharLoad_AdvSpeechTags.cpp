@@ -1,6 +1,7 @@
+#include "base/text/Text.h"
 #include "character/CharLoadSteps.h"
 #include "character/CharacterState.h"
-#include "common/Text.h"
+#include "common/Numbers.h"
 #include "common/zbErrorTrap.h"
 #include "reading/CParser.h"
 #include "settings/bOptions.h"

@@ -1,6 +1,6 @@
 #include "character/CharLoadSteps.h"
 #include "character/CharacterState.h"
-#include "common/Text.h"
+#include "common/Numbers.h"
 #include "common/bGlobal.h"
 #include "common/zbErrorTrap.h"
 #include "settings/OptionsRecord.h"

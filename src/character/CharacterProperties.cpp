@@ -1,8 +1,8 @@
 #include "character/CharacterProperties.h"
 #include "character/CharLoadSteps.h"
 #include "character/CharacterState.h"
+#include "common/Numbers.h"
 #include "common/ProgramState.h"
-#include "common/Text.h"
 #include "common/zbErrorTrap.h"
 #include "ui/BalloonTab.h"
 

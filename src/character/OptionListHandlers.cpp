@@ -1,8 +1,9 @@
 #include "character/OptionListHandlers.h"
+#include "base/text/Case.h"
 #include "character/CharLoadSteps.h"
 #include "character/CharacterState.h"
 #include "character/bParlune.h"
-#include "common/Text.h"
+#include "common/Numbers.h"
 #include "common/zbErrorTrap.h"
 #include "ui/frmParlune.h"
 #include <cmath>

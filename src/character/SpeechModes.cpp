@@ -1,7 +1,7 @@
+#include "base/text/Case.h"
 #include "character/CTTSEngines.h"
 #include "character/CharacterState.h"
 #include "character/bParlune.h"
-#include "common/Text.h"
 #include "common/zbErrorTrap.h"
 #include "platform/EventPump.h"
 #include "platform/Platform.h"

@@ -1,5 +1,5 @@
 #include "common/DateFormat.h"
-#include "common/Text.h"
+#include "base/text/Case.h"
 #include "platform/Failure.h"
 #include <algorithm>
 #include <array>

@@ -1,4 +1,6 @@
-#include "common/Text.h"
+#include "common/Numbers.h"
+#include "base/text/Case.h"
+#include "base/text/Text.h"
 #include "platform/Failure.h"
 #include <algorithm>
 #include <charconv>

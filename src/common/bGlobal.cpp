@@ -1,5 +1,7 @@
 #include "common/bGlobal.h"
-#include "common/Text.h"
+#include "base/text/Case.h"
+#include "base/text/Text.h"
+#include "common/Numbers.h"
 #include "common/zbErrorTrap.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"

@@ -1,4 +1,4 @@
-#include "common/Text.h"
+#include "base/text/Case.h"
 #include "common/bGlobal.h"
 #include "common/zbErrorTrap.h"
 

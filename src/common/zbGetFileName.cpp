@@ -1,5 +1,6 @@
 #include "common/zbGetFileName.h"
-#include "common/Text.h"
+#include "base/text/Case.h"
+#include "base/text/Text.h"
 #include "common/Version.h"
 #include "common/zbErrorTrap.h"
 #include "platform/FileDialogs.h"

@@ -1,5 +1,5 @@
 #include "common/zbShellEx.h"
-#include "common/Text.h"
+#include "base/text/Text.h"
 #include "common/Version.h"
 #include "common/zbErrorTrap.h"
 #include "platform/EventPump.h"

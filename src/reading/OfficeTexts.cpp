@@ -1,4 +1,4 @@
-#include "common/Text.h"
+#include "base/text/Text.h"
 #include "common/zbErrorTrap.h"
 #include "platform/OfficeApplications.h"
 #include "platform/Platform.h"

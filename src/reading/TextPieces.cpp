@@ -1,5 +1,5 @@
 #include "reading/TextPieces.h"
-#include "common/Text.h"
+#include "base/text/Text.h"
 #include "reading/CParser.h"
 
 namespace reading {

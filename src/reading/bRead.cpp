@@ -1,6 +1,6 @@
 #include "reading/bRead.h"
+#include "base/text/Text.h"
 #include "character/bParlune.h"
-#include "common/Text.h"
 #include "common/bGlobal.h"
 #include "common/zbErrorTrap.h"
 #include "common/zbGetFileName.h"

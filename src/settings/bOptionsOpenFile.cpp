@@ -1,4 +1,4 @@
-#include "common/Text.h"
+#include "base/text/Text.h"
 #include "common/Version.h"
 #include "common/bGlobal.h"
 #include "common/zbErrorTrap.h"

@@ -1,5 +1,5 @@
 #include "character/CharacterState.h"
-#include "common/Text.h"
+#include "common/Numbers.h"
 #include "common/bGlobal.h"
 #include "common/zbErrorTrap.h"
 #include "settings/OptionsRecord.h"

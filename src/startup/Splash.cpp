@@ -1,5 +1,5 @@
 #include "startup/Splash.h"
-#include "common/Text.h"
+#include "base/text/Case.h"
 #include "common/Version.h"
 #include "common/WebAddresses.h"
 #include "common/zbErrorTrap.h"

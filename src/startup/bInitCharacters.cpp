@@ -1,5 +1,5 @@
+#include "base/text/Text.h"
 #include "character/CharacterState.h"
-#include "common/Text.h"
 #include "common/Version.h"
 #include "common/bGlobal.h"
 #include "common/zbErrorTrap.h"

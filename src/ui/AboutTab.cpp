@@ -1,5 +1,5 @@
 #include "ui/AboutTab.h"
-#include "common/Text.h"
+#include "common/Numbers.h"
 #include "common/WebAddresses.h"
 #include "common/zbErrorTrap.h"
 #include "common/zbShellEx.h"

@@ -2,7 +2,7 @@
 #include "character/CharacterState.h"
 #include "character/OptionListHandlers.h"
 #include "character/bParlune.h"
-#include "common/Text.h"
+#include "common/Numbers.h"
 #include "common/zbErrorTrap.h"
 #include "settings/bOptions.h"
 #include "ui/frmParlune.h"

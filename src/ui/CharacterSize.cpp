@@ -1,7 +1,7 @@
 #include "ui/CharacterSize.h"
 #include "character/CharacterState.h"
+#include "common/Numbers.h"
 #include "common/ProgramState.h"
-#include "common/Text.h"
 #include "common/zbErrorTrap.h"
 #include "settings/OptionsRecord.h"
 #include "ui/frmParlune.h"

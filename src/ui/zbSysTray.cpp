@@ -1,5 +1,5 @@
 #include "ui/zbSysTray.h"
-#include "common/Text.h"
+#include "common/Numbers.h"
 #include "common/Version.h"
 #include "common/zbErrorTrap.h"
 #include "platform/Platform.h"

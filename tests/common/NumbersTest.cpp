@@ -1,4 +1,4 @@
-#include "common/Text.h"
+#include "common/Numbers.h"
 #include "platform/Failure.h"
 #include <clocale>
 #include <cmath>

@@ -1,4 +1,4 @@
-#include "common/Text.h"
+#include "base/text/Case.h"
 #include "common/bGlobal.h"
 #include "platform/headless/Desktop.h"
 #include <gtest/gtest.h>

@@ -1,7 +1,6 @@
 #pragma once
 #include "character/CharacterSession.h"
 #include "character/CharacterState.h"
-#include "common/Text.h"
 #include "platform/headless/Desktop.h"
 #include "settings/OptionsRecord.h"
 #include "settings/Paths.h"

@@ -1,7 +1,8 @@
+#include "base/text/Case.h"
+#include "base/text/Utf8.h"
 #include "platform/text/CommandLine.h"
 #include "platform/text/DesktopEntry.h"
 #include "platform/text/Encoding.h"
-#include "platform/text/Utf8.h"
 #include "platform/text/Wildcards.h"
 #include <gtest/gtest.h>
 
@@ -57,26 +58,29 @@ TEST(IsUtf8, OverlongSurrogateTooLargeAndCutForms_AreNot)
 {
     for (const char* text :
          {"\xC0\x80", "\xE0\x80\x80", "\xF0\x80\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xC3", "\x80"})
-        EXPECT_FALSE(IsUtf8(text));
-    EXPECT_TRUE(IsUtf8("\xF4\x8F\xBF\xBF"));
+        EXPECT_FALSE(::text::IsUtf8(text));
+    EXPECT_TRUE(::text::IsUtf8("\xF4\x8F\xBF\xBF"));
 }
 
 TEST(CutBetweenCharacters, Limit_NeverSplitsACharacter)
 {
-    EXPECT_EQ(CutBetweenCharacters("a€b", 0), "");
-    EXPECT_EQ(CutBetweenCharacters("a€b", 1), "a");
-    EXPECT_EQ(CutBetweenCharacters("a€b", 2), "a");
-    EXPECT_EQ(CutBetweenCharacters("a€b", 3), "a");
-    EXPECT_EQ(CutBetweenCharacters("a€b", 4), "a€");
-    EXPECT_EQ(CutBetweenCharacters("a€b", 9), "a€b");
+    EXPECT_EQ(::text::CutBetweenCharacters("a€b", 0), "");
+    EXPECT_EQ(::text::CutBetweenCharacters("a€b", 1), "a");
+    EXPECT_EQ(::text::CutBetweenCharacters("a€b", 2), "a");
+    EXPECT_EQ(::text::CutBetweenCharacters("a€b", 3), "a");
+    EXPECT_EQ(::text::CutBetweenCharacters("a€b", 4), "a€");
+    EXPECT_EQ(::text::CutBetweenCharacters("a€b", 9), "a€b");
 }
 
-TEST(CutBetweenCharacters, InvalidBytes_AreCutAnywhere) { EXPECT_EQ(CutBetweenCharacters("\xFF\xFF\xFF", 2), "\xFF\xFF"); }
+TEST(CutBetweenCharacters, InvalidBytes_AreCutAnywhere)
+{
+    EXPECT_EQ(::text::CutBetweenCharacters("\xFF\xFF\xFF", 2), "\xFF\xFF");
+}
 
 TEST(FoldCase, Letters_OfSeveralScripts)
 {
-    EXPECT_EQ(FoldCase("ÄÖÜ×ß ŁŻŸ ΑΩ ЯЁ AZ"), "äöü×ß łżÿ αω яё az");
-    EXPECT_EQ(FoldCase("\xFF\xC3"), "\xFF\xC3");
+    EXPECT_EQ(::text::FoldCase("ÄÖÜ×ß ŁŻŸ ΑΩ ЯЁ AZ"), "äöü×ß łżÿ αω яё az");
+    EXPECT_EQ(::text::FoldCase("\xFF\xC3"), "\xFF\xC3");
 }
 
 TEST(MatchesWildcards, Extension_IgnoresCase)

@@ -1,5 +1,5 @@
 #include "engine/animation/Pose.h"
-#include "engine/base/Utf8.h"
+#include "base/text/Case.h"
 #include <algorithm>
 #include <vector>
 
@@ -13,7 +13,7 @@ CPose::CPose(IHost& host, const Character& character, CStage& stage)
 const Animation* CPose::Find(std::string_view animation) const
 {
     for (const Animation& known : m_character.animations)
-        if (EqualIgnoringCase(known.name, animation))
+        if (text::EqualIgnoringCase(known.name, animation))
             return &known;
     return nullptr;
 }
@@ -22,7 +22,7 @@ const Animation* CPose::Pick(std::string_view state)
 {
     std::vector<const Animation*> choice;
     for (const State& known : m_character.states)
-        if (EqualIgnoringCase(known.name, state))
+        if (text::EqualIgnoringCase(known.name, state))
             for (const std::string& name : known.animations)
                 if (const Animation* animation = Find(name))
                     choice.push_back(animation);
@@ -63,7 +63,7 @@ void CPose::LeaveByTransition(std::string_view next, Done done)
         return;
     }
     const bool returns = left != nullptr && left->transition == Transition::ReturnAnimation &&
-                         !EqualIgnoringCase(left->returnAnimation, next);
+                         !text::EqualIgnoringCase(left->returnAnimation, next);
     const Animation* back = returns ? Find(left->returnAnimation) : nullptr;
     if (back != nullptr && back != left)
         Play(*back, std::move(done));

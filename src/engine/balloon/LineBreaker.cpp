@@ -1,5 +1,7 @@
 #include "engine/balloon/LineBreaker.h"
-#include "engine/base/Utf8.h"
+#include "base/text/Text.h"
+#include "base/text/Utf8.h"
+#include "engine/base/CleanText.h"
 #include <algorithm>
 #include <vector>
 
@@ -38,10 +40,10 @@ bool CLineBreaker::Next(TextLine& line)
 std::size_t CLineBreaker::SkipBlanks(std::size_t at) const
 {
     while (at < m_text.size()) {
-        const Utf8Character character = CharacterAt(m_text, at);
-        if (!IsWhiteSpace(character.value))
+        const text::Character character = text::CharacterAt(m_text, at);
+        if (!text::IsWhiteSpace(character.code))
             break;
-        at += character.bytes;
+        at += character.size;
     }
     return at;
 }
@@ -50,13 +52,13 @@ std::size_t CLineBreaker::SkipBlanks(std::size_t at) const
 CLineBreaker::Chunk CLineBreaker::NextChunk(std::size_t at) const
 {
     for (std::size_t count = 0; at < m_text.size(); ++count) {
-        const Utf8Character character = CharacterAt(m_text, at);
-        if (IsWhiteSpace(character.value))
+        const text::Character character = text::CharacterAt(m_text, at);
+        if (text::IsWhiteSpace(character.code))
             return {at, false};
         if (count == m_chunkLimit)
             return {at, true};
-        at += character.bytes;
-        if (character.value == ZeroWidthSpace)
+        at += character.size;
+        if (character.code == ZeroWidthSpace)
             return {at, false};
     }
     return {at, false};
@@ -72,7 +74,7 @@ std::size_t CLineBreaker::LongestFit(std::size_t begin, std::size_t end) const
 {
     std::vector<std::size_t> ends;
     for (std::size_t at = begin; at < end;) {
-        at += CharacterAt(m_text, at).bytes;
+        at += text::CharacterAt(m_text, at).size;
         ends.push_back(at);
     }
     const auto tooLong = std::partition_point(ends.begin() + 1, ends.end(),

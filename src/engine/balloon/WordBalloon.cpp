@@ -1,7 +1,6 @@
 #include "engine/balloon/WordBalloon.h"
 #include "engine/balloon/BalloonPlace.h"
 #include "engine/base/Constants.h"
-#include "engine/base/Utf8.h"
 #include <algorithm>
 #include <cstdlib>
 

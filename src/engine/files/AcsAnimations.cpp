@@ -1,6 +1,6 @@
 #include "engine/files/AcsAnimations.h"
+#include "base/text/Case.h"
 #include "engine/files/ByteReader.h"
-#include "engine/files/Text.h"
 #include <algorithm>
 
 namespace engine::files {
@@ -119,7 +119,7 @@ void MendReturnAnimations(std::vector<Animation>& animations)
 {
     const NameSet names = NamesOf(animations);
     for (Animation& animation : animations) {
-        const bool exists = names.count(UpperCase(animation.returnAnimation)) == 1;
+        const bool exists = names.count(text::FoldCase(animation.returnAnimation)) == 1;
         if (animation.transition == Transition::ReturnAnimation && !exists)
             animation.transition = Transition::None;
         if (animation.transition != Transition::ReturnAnimation)
@@ -178,7 +178,7 @@ NameSet NamesOf(const std::vector<Animation>& animations)
 {
     NameSet names;
     for (const Animation& animation : animations)
-        names.insert(UpperCase(animation.name));
+        names.insert(text::FoldCase(animation.name));
     return names;
 }
 

@@ -1,6 +1,6 @@
 #include "engine/files/AcsBlock.h"
+#include "base/text/Case.h"
 #include "engine/files/ByteReader.h"
-#include "engine/files/Text.h"
 #include "platform/CharacterEngine.h"
 #include "platform/Failure.h"
 #include <algorithm>
@@ -111,7 +111,7 @@ State ReadState(CByteReader& reader, const NameSet& animationNames)
     const std::size_t count = reader.Count16(SmallestString, MaximumAnimations);
     for (std::size_t i = 0; i < count; ++i) {
         std::string animation = reader.String();
-        if (animationNames.count(UpperCase(animation)) == 1)
+        if (animationNames.count(text::FoldCase(animation)) == 1)
             state.animations.push_back(std::move(animation));
     }
     return state;

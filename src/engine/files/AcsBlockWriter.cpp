@@ -1,4 +1,5 @@
 #include "engine/files/AcsBlockWriter.h"
+#include "base/text/Case.h"
 #include <algorithm>
 
 namespace engine::files {
@@ -92,10 +93,10 @@ private:
     {
         Count16(m_character.states);
         for (const State& state : m_character.states) {
-            m_writer.String(UpperCase(state.name));
+            m_writer.String(text::Upper(state.name));
             Count16(state.animations);
             for (const std::string& animation : state.animations)
-                m_writer.String(UpperCase(animation));
+                m_writer.String(text::Upper(animation));
         }
     }
 

@@ -1,6 +1,7 @@
 #include "engine/files/AcsChecks.h"
+#include "base/text/Case.h"
+#include "base/text/Utf8.h"
 #include "engine/files/AcsFormat.h"
-#include "engine/files/Text.h"
 #include "platform/CharacterEngine.h"
 #include "platform/Failure.h"
 #include <set>
@@ -10,7 +11,7 @@ namespace {
 
 void RequireString(const std::string& text)
 {
-    const std::u16string units = ToUtf16(text);
+    const std::u16string units = text::ToUtf16(text);
     Require(units.size() <= MaximumStringUnits, "a text is too long");
     Require(units.find(u'\0') == std::u16string::npos, "a text holds a zero character");
 }
@@ -89,7 +90,7 @@ void RequireTransition(const Animation& animation, const Names& names)
     const bool hasReturn = animation.transition == Transition::ReturnAnimation;
     Require(animation.transition <= Transition::None, "a transition is of no known kind");
     Require(hasReturn != animation.returnAnimation.empty(), "a return animation does not fit the transition");
-    Require(!hasReturn || names.count(UpperCase(animation.returnAnimation)) == 1, "a return animation does not exist");
+    Require(!hasReturn || names.count(text::FoldCase(animation.returnAnimation)) == 1, "a return animation does not exist");
 }
 
 void RequireAnimation(const Animation& animation, const Character& character, const Names& names)
@@ -106,7 +107,7 @@ Names RequireAnimationNames(const Character& character)
     Names names;
     for (const Animation& animation : character.animations) {
         RequireName(animation.name);
-        Require(names.insert(UpperCase(animation.name)).second, "two animations have the same name");
+        Require(names.insert(text::FoldCase(animation.name)).second, "two animations have the same name");
     }
     return names;
 }
@@ -128,7 +129,7 @@ void RequireStates(const Character& character, const Names& names)
         RequireName(state.name);
         Require(state.animations.size() <= MaximumAnimations, "a state has too many animations");
         for (const std::string& animation : state.animations)
-            Require(names.count(UpperCase(animation)) == 1, "a state names an animation that does not exist");
+            Require(names.count(text::FoldCase(animation)) == 1, "a state names an animation that does not exist");
     }
 }
 

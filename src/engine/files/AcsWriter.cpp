@@ -1,4 +1,5 @@
 #include "engine/files/AcsWriter.h"
+#include "base/text/Case.h"
 #include "engine/files/AcsBlockWriter.h"
 #include "engine/files/AcsChecks.h"
 #include "engine/files/ByteWriter.h"
@@ -77,9 +78,9 @@ private:
         const std::uint32_t start = m_writer.Offset();
         const bool hasExits = std::any_of(animation.frames.begin(), animation.frames.end(),
                                           [](const Frame& frame) { return frame.exitFrame.has_value(); });
-        m_writer.String(UpperCase(animation.name));
+        m_writer.String(text::Upper(animation.name));
         m_writer.U8(static_cast<std::uint8_t>(animation.transition));
-        m_writer.String(UpperCase(animation.returnAnimation));
+        m_writer.String(text::Upper(animation.returnAnimation));
         Count16(animation.frames);
         for (const Frame& frame : animation.frames)
             WriteFrame(frame, hasExits);

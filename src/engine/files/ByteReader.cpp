@@ -1,5 +1,5 @@
 #include "engine/files/ByteReader.h"
-#include "engine/files/Text.h"
+#include "base/text/Utf8.h"
 #include "platform/CharacterEngine.h"
 #include "platform/Failure.h"
 
@@ -32,7 +32,7 @@ std::string CByteReader::String()
     for (std::size_t i = 0; i < count; ++i)
         text += static_cast<char16_t>(units.U16());
     RequireIntact(U16() == 0, "a text does not end");
-    return ToUtf8(text);
+    return text::ToUtf8(text);
 }
 
 Locator CByteReader::Place()

@@ -1,6 +1,6 @@
 #pragma once
+#include "base/text/Utf8.h"
 #include "engine/files/AcsFormat.h"
-#include "engine/files/Text.h"
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -25,7 +25,7 @@ public:
     // Its number of units, then the text with a zero behind it; an empty text is the number alone.
     void String(std::string_view utf8)
     {
-        const std::u16string text = ToUtf16(utf8);
+        const std::u16string text = text::ToUtf16(utf8);
         U32(static_cast<std::uint32_t>(text.size()));
         for (const char16_t unit : text)
             U16(unit);

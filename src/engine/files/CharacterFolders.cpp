@@ -1,7 +1,7 @@
 #include "engine/files/CharacterFolders.h"
+#include "base/text/Case.h"
 #include "engine/files/AcsFormat.h"
 #include "engine/files/AcsReader.h"
-#include "engine/files/Text.h"
 #include "platform/CharacterEngine.h"
 #include "platform/Failure.h"
 #include <algorithm>
@@ -15,7 +15,7 @@ namespace {
 namespace fs = std::filesystem;
 namespace engineError = platform::engineError;
 
-constexpr std::string_view CharacterExtension = ".ACS";
+constexpr std::string_view CharacterExtension = ".acs";  // Its letter case folded.
 
 fs::path PathOf(std::string_view utf8) { return {std::u8string(utf8.begin(), utf8.end())}; }
 
@@ -54,13 +54,13 @@ bool IsFile(const fs::path& path)
 // is none.
 fs::path EntryOfName(const fs::path& folder, std::string_view name)
 {
-    const std::string capitals = files::UpperCase(name);
+    const std::string folded = text::FoldCase(name);
     fs::path found;
     for (const fs::path& entry : EntriesOf(folder)) {
         const std::string entryName = TextOf(entry.filename());
         if (entryName == name)
             return entry;
-        if (files::UpperCase(entryName) == capitals && (found.empty() || entry < found))
+        if (text::FoldCase(entryName) == folded && (found.empty() || entry < found))
             found = entry;
     }
     return found;
@@ -186,7 +186,7 @@ std::vector<fs::path> CCharacterFolders::AllFiles() const
     std::map<std::string, fs::path> byName;
     for (const fs::path& folder : m_folders) {
         for (const fs::path& entry : EntriesOf(folder)) {
-            const std::string name = files::UpperCase(TextOf(entry.filename()));
+            const std::string name = text::FoldCase(TextOf(entry.filename()));
             if (name.ends_with(CharacterExtension) && IsFile(entry))
                 byName.try_emplace(name, entry);
         }

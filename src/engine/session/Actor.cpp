@@ -1,6 +1,5 @@
 #include "engine/session/Actor.h"
 #include "engine/base/Constants.h"
-#include "engine/base/Utf8.h"
 #include "engine/session/SoundFile.h"
 #include "engine/speech/VoiceChoice.h"
 #include "platform/Failure.h"

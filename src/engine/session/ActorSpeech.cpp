@@ -1,4 +1,3 @@
-#include "engine/base/Utf8.h"
 #include "engine/session/Actor.h"
 #include "engine/speech/VoiceChoice.h"
 #include "platform/Failure.h"

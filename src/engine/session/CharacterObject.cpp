@@ -1,6 +1,6 @@
 #include "engine/session/CharacterObject.h"
+#include "base/text/Case.h"
 #include "engine/base/Constants.h"
-#include "engine/base/Utf8.h"
 #include "engine/session/StopTypes.h"
 #include "platform/Failure.h"
 #include <algorithm>
@@ -137,7 +137,7 @@ std::int32_t CCharacterObject::NamedNumber(const std::string& member) const
         {"VisibilityCause", [](const CCharacterObject& it) { return it.VisibilityCause(); }},
     };
     for (const auto& [name, getter] : Members)
-        if (EqualIgnoringCase(name, member))
+        if (text::EqualIgnoringCase(name, member))
             return getter(*this);
     throw platform::failure::NoSuchMember();
 }

@@ -1,5 +1,5 @@
 #include "engine/session/CommandList.h"
-#include "engine/base/Utf8.h"
+#include "base/text/Case.h"
 #include "platform/CharacterEngine.h"
 #include "platform/Failure.h"
 #include <algorithm>
@@ -43,7 +43,7 @@ std::int32_t VoiceTextFault(const std::string& voice)
 void CommandList::Add(Command command)
 {
     const bool known = std::any_of(commands.begin(), commands.end(),
-                                   [&](const Command& other) { return EqualIgnoringCase(other.name, command.name); });
+                                   [&](const Command& other) { return text::EqualIgnoringCase(other.name, command.name); });
     if (known)
         throw platform::CFailure(engineError::CommandExists, "There is a command of this name already.");
     if (const std::int32_t fault = VoiceTextFault(command.voice))

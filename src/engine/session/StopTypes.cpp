@@ -1,5 +1,6 @@
 #include "engine/session/StopTypes.h"
-#include "engine/base/Utf8.h"
+#include "base/text/Case.h"
+#include "base/text/Text.h"
 #include "platform/Failure.h"
 
 namespace engine {
@@ -8,13 +9,13 @@ namespace {
 
 void AddKind(std::set<WorkKind>& kinds, std::string_view name)
 {
-    if (EqualIgnoringCase(name, "Play"))
+    if (text::EqualIgnoringCase(name, "Play"))
         kinds.insert(WorkKind::Play);
-    else if (EqualIgnoringCase(name, "Speak"))
+    else if (text::EqualIgnoringCase(name, "Speak"))
         kinds.insert(WorkKind::Speak);
-    else if (EqualIgnoringCase(name, "Move"))
+    else if (text::EqualIgnoringCase(name, "Move"))
         kinds.insert(WorkKind::MoveTo);
-    else if (!EqualIgnoringCase(name, "Get") && !EqualIgnoringCase(name, "NonQueuedGet"))
+    else if (!text::EqualIgnoringCase(name, "Get") && !text::EqualIgnoringCase(name, "NonQueuedGet"))
         throw platform::CFailure(platform::engineError::InvalidArgument, "There is no request type of this name.");
 }
 
@@ -28,7 +29,7 @@ std::set<WorkKind> StoppedKinds(const std::optional<std::string>& types)
     std::string_view rest = *types;
     while (true) {
         const std::size_t comma = rest.find(',');
-        AddKind(kinds, TrimBlanks(rest.substr(0, comma)));
+        AddKind(kinds, text::Trim(rest.substr(0, comma)));
         if (comma == std::string_view::npos)
             return kinds;
         rest.remove_prefix(comma + 1);

@@ -1,5 +1,4 @@
 #include "engine/UserSettings.h"
-#include "engine/base/Utf8.h"
 #include <algorithm>
 #include <charconv>
 #include <utility>

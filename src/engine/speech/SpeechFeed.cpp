@@ -1,6 +1,7 @@
 #include "engine/speech/SpeechFeed.h"
+#include "base/text/Text.h"
+#include "base/text/Utf8.h"
 #include "engine/base/Constants.h"
-#include "engine/base/Utf8.h"
 #include <algorithm>
 
 namespace engine {
@@ -20,15 +21,15 @@ TextCut CutText(std::string_view text, std::size_t limit)
     TextCut sentence;
     bool afterStop = false;
     while (all.bytes < text.size() && all.characters < limit) {
-        const Utf8Character character = CharacterAt(text, all.bytes);
-        all.bytes += character.bytes;
+        const text::Character character = text::CharacterAt(text, all.bytes);
+        all.bytes += character.size;
         ++all.characters;
-        const bool white = IsWhiteSpace(character.value);
+        const bool white = text::IsWhiteSpace(character.code);
         if (white)
             blank = all;
         if (white && afterStop)
             sentence = all;
-        afterStop = character.value == '.' || character.value == '!' || character.value == '?';
+        afterStop = character.code == '.' || character.code == '!' || character.code == '?';
     }
     if (all.bytes == text.size())
         return all;

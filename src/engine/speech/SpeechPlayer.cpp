@@ -1,6 +1,6 @@
 #include "engine/speech/SpeechPlayer.h"
+#include "base/text/Text.h"
 #include "engine/base/Constants.h"
-#include "engine/base/Utf8.h"
 #include "engine/speech/SoundFileMarks.h"
 #include <algorithm>
 
@@ -171,7 +171,7 @@ void CSpeechPlayer::ReadOneWord()
     PassBookmarks(word.spoken, /*startOfSegment*/ false);
     m_listener.WordsBegun(m_wordsBegun);
     const std::size_t characters =
-        CountCharacters(std::string_view(m_speech->spoken.shown).substr(word.begin, word.end - word.begin));
+        text::Length(std::string_view(m_speech->spoken.shown).substr(word.begin, word.end - word.begin));
     const std::int64_t units = static_cast<std::int64_t>((characters - 1) / constants::ReadingCharactersPerWord) + 1;
     m_timer.Start(static_cast<std::int32_t>(units * 60000 / m_readingPace), [this] { ReadOneWord(); });
 }

@@ -1,5 +1,8 @@
 #include "engine/speech/SpeechTags.h"
-#include "engine/base/Utf8.h"
+#include "base/text/Case.h"
+#include "base/text/Text.h"
+#include "base/text/Utf8.h"
+#include "engine/base/CleanText.h"
 #include "engine/speech/TagScanner.h"
 #include "platform/CharacterEngine.h"
 #include <algorithm>
@@ -86,11 +89,11 @@ private:
 
     void TakeCharacter()
     {
-        const Utf8Character character = CharacterAt(m_text, m_at);
-        const std::string_view bytes = m_text.substr(m_at, character.bytes);
-        m_at += character.bytes;
+        const text::Character character = text::CharacterAt(m_text, m_at);
+        const std::string_view bytes = m_text.substr(m_at, character.size);
+        m_at += character.size;
         const TextPlace place = Say(bytes, 1);
-        if (IsWhiteSpace(character.value))
+        if (text::IsWhiteSpace(character.code))
             CloseWord();
         else
             OpenWord(place);
@@ -176,9 +179,9 @@ private:
     // Names that a voice does not know, and the contexts "Email" and "Address", change nothing.
     void SetVoiceCharacter(const std::string& name)
     {
-        const bool normal = EqualIgnoringCase(name, "Normal");
-        const bool monotone = EqualIgnoringCase(name, "Monotone");
-        const bool whisper = EqualIgnoringCase(name, "Whisper");
+        const bool normal = text::EqualIgnoringCase(name, "Normal");
+        const bool monotone = text::EqualIgnoringCase(name, "Monotone");
+        const bool whisper = text::EqualIgnoringCase(name, "Whisper");
         if (!normal && !monotone && !whisper)
             return;
         m_settings.monotone = monotone;
@@ -196,7 +199,7 @@ private:
     void Map(const std::string& spoken, const std::string& shown)
     {
         CloseWord();
-        const TextPlace place = spoken.empty() ? Here() : Say(spoken, CountCharacters(spoken));
+        const TextPlace place = spoken.empty() ? Here() : Say(spoken, text::Length(spoken));
         if (shown.empty())
             return;
         OpenWord(place);
@@ -207,7 +210,7 @@ private:
     void RepeatLast(std::size_t length)
     {
         m_lastTag = true;
-        if (TrimBlanks(m_text).size() != length)
+        if (text::Trim(m_text).size() != length)
             m_result.error = engineError::LastTagNotAlone;
     }
 

@@ -1,5 +1,5 @@
 #include "engine/speech/TagScanner.h"
-#include "engine/base/Utf8.h"
+#include "base/text/Case.h"
 #include <algorithm>
 
 namespace engine {
@@ -55,7 +55,7 @@ private:
         const std::size_t begin = m_at;
         while (m_at - begin <= NameLimit && IsLetter(Peek()))
             ++m_at;
-        tag.name = UpperCase(m_text.substr(begin, m_at - begin));
+        tag.name = text::Upper(m_text.substr(begin, m_at - begin));
         return !tag.name.empty() && tag.name.size() <= NameLimit;
     }
 

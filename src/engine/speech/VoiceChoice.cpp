@@ -1,5 +1,5 @@
 #include "engine/speech/VoiceChoice.h"
-#include "engine/base/Utf8.h"
+#include "base/text/Case.h"
 #include <algorithm>
 #include <cstdlib>
 
@@ -41,8 +41,8 @@ int Score(const Voice& voice, const VoiceHints& hints, std::uint16_t language)
 const Voice* FindVoice(const std::vector<Voice>& voices, const std::string& modeIdOrName)
 {
     const auto found = std::find_if(voices.begin(), voices.end(), [&](const Voice& voice) {
-        return EqualIgnoringCase(WithoutBraces(voice.modeId), WithoutBraces(modeIdOrName)) ||
-               EqualIgnoringCase(voice.name, modeIdOrName);
+        return text::EqualIgnoringCase(WithoutBraces(voice.modeId), WithoutBraces(modeIdOrName)) ||
+               text::EqualIgnoringCase(voice.name, modeIdOrName);
     });
     return found == voices.end() || modeIdOrName.empty() ? nullptr : &*found;
 }

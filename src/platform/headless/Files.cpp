@@ -1,5 +1,6 @@
 #include "platform/headless/Files.h"
-#include "common/Text.h"
+#include "base/text/Case.h"
+#include "base/text/Text.h"
 #include <algorithm>
 
 namespace platform::headless {

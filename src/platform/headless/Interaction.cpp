@@ -1,4 +1,5 @@
 #include "platform/headless/Interaction.h"
+#include "base/text/Text.h"
 
 namespace platform::headless {
 

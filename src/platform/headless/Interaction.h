@@ -1,5 +1,4 @@
 #pragma once
-#include "common/Text.h"
 #include "platform/Clipboard.h"
 #include "platform/FileDialogs.h"
 #include "platform/MessageBoxes.h"

@@ -1,5 +1,5 @@
 #include "platform/headless/KeptTexts.h"
-#include "common/Text.h"
+#include "base/text/Text.h"
 #include <utility>
 
 namespace platform::headless {

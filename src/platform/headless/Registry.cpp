@@ -1,23 +1,15 @@
 #include "platform/headless/Registry.h"
+#include "base/text/Case.h"
 #include <array>
 
 namespace platform::headless {
 namespace {
 
-std::string Lower(std::string_view text)
-{
-    std::string lower(text);
-    for (char& letter : lower)
-        if (letter >= 'A' && letter <= 'Z')
-            letter = static_cast<char>(letter - 'A' + 'a');
-    return lower;
-}
-
 std::string RootName(Root root) { return root == Root::CurrentUser ? "CurrentUser" : "ClassesRoot"; }
 
 std::string Shown(const ValueName& name) { return name ? *name : "*"; }
 
-std::string Stored(const ValueName& name) { return name ? Lower(*name) : std::string(); }
+std::string Stored(const ValueName& name) { return name ? ::text::FoldCase(*name) : std::string(); }
 
 }
 
@@ -93,7 +85,7 @@ std::string CRegistry::KeyOf(Root root, std::string_view path)
             continue;
         }
         if (!part.empty())
-            key += '\\' + Lower(part);
+            key += '\\' + ::text::FoldCase(part);
         part.clear();
     }
     return key;
@@ -135,7 +127,7 @@ void CRegistry::Put(Root root, std::string_view path, const std::string& name, c
 
 void CRegistry::PutBytes(Root root, std::string_view path, const std::string& name, const std::string& data)
 {
-    m_keys[KeyOf(root, path)][Lower(name)] = data;
+    m_keys[KeyOf(root, path)][::text::FoldCase(name)] = data;
 }
 
 std::optional<std::string> CRegistry::Text(Root root, std::string_view path, const std::string& name) const
@@ -143,7 +135,7 @@ std::optional<std::string> CRegistry::Text(Root root, std::string_view path, con
     const auto key = m_keys.find(KeyOf(root, path));
     if (key == m_keys.end())
         return std::nullopt;
-    const auto value = key->second.find(Lower(name));
+    const auto value = key->second.find(::text::FoldCase(name));
     if (value == key->second.end())
         return std::nullopt;
     std::string text = value->second;

@@ -28,7 +28,7 @@ public:
 
 private:
     friend class CKey;
-    using Values = std::map<std::string, std::string>;  // Lower-case name to data; "" is the default value.
+    using Values = std::map<std::string, std::string>;  // Name, its letter case folded, to data; "" is the default value.
     static std::string KeyOf(Root root, std::string_view path);
     CJournal& m_journal;
     std::map<std::string, Values> m_keys;

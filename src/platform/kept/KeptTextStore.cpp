@@ -1,5 +1,5 @@
 #include "platform/kept/KeptTextStore.h"
-#include "platform/text/Utf8.h"
+#include "base/text/Utf8.h"
 #include <algorithm>
 #include <cstdio>
 
@@ -53,7 +53,7 @@ std::string Shortened(std::string_view name)
         return std::string(name);
     const std::size_t dot = name.rfind('.');
     const std::string_view ending = dot == name.npos || name.size() - dot > 16 ? std::string_view() : name.substr(dot);
-    return std::string(text::CutBetweenCharacters(name, LongestName - ending.size())) + std::string(ending);
+    return std::string(::text::CutBetweenCharacters(name, LongestName - ending.size())) + std::string(ending);
 }
 
 std::vector<KeptFile> NewestFirst(std::vector<KeptFile> files)

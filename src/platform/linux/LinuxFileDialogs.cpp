@@ -1,4 +1,5 @@
 #include "platform/linux/LinuxFileDialogs.h"
+#include "base/text/Case.h"
 #include "platform/Failure.h"
 #include "platform/linux/DisplayLoss.h"
 #include <QApplication>
@@ -30,9 +31,10 @@ QString SpelledAsInFolder(const QFileInfo& file)
 {
     if (file.exists())
         return file.filePath();
+    const std::string name = file.fileName().toStdString();
     for (QDirIterator entries(file.path(), QDir::Files | QDir::Hidden); entries.hasNext();) {
         entries.next();
-        if (entries.fileName().compare(file.fileName(), Qt::CaseInsensitive) == 0)
+        if (::text::EqualIgnoringCase(entries.fileName().toStdString(), name))
             return entries.filePath();
     }
     return {};

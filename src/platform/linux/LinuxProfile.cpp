@@ -1,14 +1,14 @@
 #include "platform/linux/LinuxProfile.h"
+#include "base/text/Utf8.h"
 #include "platform/linux/WholeFile.h"
 #include "platform/text/ProfileText.h"
-#include "platform/text/Utf8.h"
 #include <cerrno>
 
 namespace platform::linuxdesktop {
 namespace {
 std::string Cut(const std::string& text, std::size_t limit)
 {
-    return std::string(text::CutBetweenCharacters(text, limit == 0 ? 0 : limit - 1));
+    return std::string(::text::CutBetweenCharacters(text, limit == 0 ? 0 : limit - 1));
 }
 
 std::optional<std::string> Changed(const std::string& text, const std::string& section,

@@ -1,8 +1,8 @@
 #include "platform/linux/LinuxRegistry.h"
+#include "base/text/Case.h"
 #include "platform/linux/UserFolders.h"
 #include "platform/linux/WholeFile.h"
 #include "platform/text/RegistryText.h"
-#include "platform/text/Utf8.h"
 #include <cerrno>
 #include <filesystem>
 #include <sys/stat.h>
@@ -22,18 +22,20 @@ constexpr int MostDamagedFiles = 20;
 // The character engine is part of the program: its class answers as registered without being stored.
 bool IsEngineClass(Root root, const std::string& path)
 {
-    return root == Root::ClassesRoot && text::SameName(path, EngineClassKey);
+    return root == Root::ClassesRoot && ::text::EqualIgnoringCase(path, EngineClassKey);
 }
 
 bool IsRunValue(Root root, const std::string& path, const ValueName& name)
 {
-    return root == Root::CurrentUser && name && text::SameName(*name, RunValue) && text::SameName(path, RunKey);
+    return root == Root::CurrentUser && name && ::text::EqualIgnoringCase(*name, RunValue) &&
+           ::text::EqualIgnoringCase(path, RunKey);
 }
 
 // The option that says whether the session starts the program.
 bool IsStartOption(Root root, const std::string& path, const std::string& name)
 {
-    return root == Root::CurrentUser && text::SameName(name, StartOption) && text::SameName(path, OptionKey);
+    return root == Root::CurrentUser && ::text::EqualIgnoringCase(name, StartOption) &&
+           ::text::EqualIgnoringCase(path, OptionKey);
 }
 
 class CKey final : public IRegistryKey {
@@ -202,7 +204,7 @@ bool CLinuxRegistry::DeleteKey(Root root, std::string_view path)
     if (!tree.DeleteKey(root, path))
         return false;
     const auto normal = text::NormalPath(path);
-    const bool isRunKey = root == Root::CurrentUser && normal && text::SameName(*normal, RunKey);
+    const bool isRunKey = root == Root::CurrentUser && normal && ::text::EqualIgnoringCase(*normal, RunKey);
     return (!isRunKey || m_autostart.SwitchOff()) && Store(std::move(tree));
 }
 

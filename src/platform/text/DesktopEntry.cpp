@@ -1,6 +1,6 @@
 #include "platform/text/DesktopEntry.h"
+#include "base/text/Case.h"
 #include "platform/text/ProfileText.h"
-#include "platform/text/Utf8.h"
 
 namespace platform::text {
 namespace {
@@ -26,7 +26,7 @@ std::string ExecArgument(std::string_view argument)
 bool Says(std::string_view entry, std::string_view key, std::string_view word)
 {
     const auto value = ReadProfileValue(entry, Group, key);
-    return value && SameName(*value, word);
+    return value && ::text::EqualIgnoringCase(*value, word);
 }
 }
 

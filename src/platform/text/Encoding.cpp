@@ -1,5 +1,5 @@
 #include "platform/text/Encoding.h"
-#include "platform/text/Utf8.h"
+#include "base/text/Utf8.h"
 #include <algorithm>
 #include <cstdint>
 
@@ -20,38 +20,22 @@ std::string FromWindows1252(std::string_view bytes)
     text.reserve(bytes.size() + bytes.size() / 8);
     for (const char byte : bytes) {
         const auto code = static_cast<std::uint8_t>(byte);
-        AppendUtf8(text, code >= 0x80 && code <= 0x9F ? Windows1252[code - 0x80] : code);
+        ::text::AppendCharacter(text, code >= 0x80 && code <= 0x9F ? Windows1252[code - 0x80] : code);
     }
     return text;
 }
 
-char16_t UnitAt(std::string_view bytes, std::size_t index, bool bigEndian)
-{
-    const auto first = static_cast<std::uint8_t>(bytes[index]);
-    const auto second = static_cast<std::uint8_t>(bytes[index + 1]);
-    return static_cast<char16_t>(bigEndian ? first << 8 | second : second << 8 | first);
-}
-
-bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
-
-// A surrogate without its partner becomes U+FFFD; an odd byte at the end is left out.
+// An odd byte at the end is left out.
 std::string FromUtf16(std::string_view bytes, bool bigEndian)
 {
-    std::string text;
-    text.reserve(bytes.size());
+    std::u16string units;
+    units.reserve(bytes.size() / 2);
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-        char32_t code = UnitAt(bytes, i, bigEndian);
-        if (IsHighSurrogate(static_cast<char16_t>(code)) && i + 3 < bytes.size()) {
-            const char16_t low = UnitAt(bytes, i + 2, bigEndian);
-            if (IsLowSurrogate(low)) {
-                code = 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00u);
-                i += 2;
-            }
-        }
-        AppendUtf8(text, code);
+        const auto first = static_cast<std::uint8_t>(bytes[i]);
+        const auto second = static_cast<std::uint8_t>(bytes[i + 1]);
+        units += static_cast<char16_t>(bigEndian ? first << 8 | second : second << 8 | first);
     }
-    return text;
+    return ::text::ToUtf8(units);
 }
 
 // Nothing for a character that it does not have.
@@ -70,36 +54,24 @@ std::optional<std::string> ToWindows1252(std::string_view text)
     std::string bytes;
     bytes.reserve(text.size());
     while (!text.empty()) {
-        const Utf8Character character = CharacterAt(text, 0);
+        const ::text::Character character = ::text::CharacterAt(text, 0);
         const auto byte = InWindows1252(character.code);
-        if (!character.valid || !byte)
+        if (!character.IsValid() || !byte)
             return std::nullopt;
         bytes += *byte;
-        text.remove_prefix(character.bytes);
+        text.remove_prefix(character.size);
     }
     return bytes;
-}
-
-void AppendUnit(std::string& bytes, char32_t unit, bool bigEndian)
-{
-    const char high = static_cast<char>(unit >> 8), low = static_cast<char>(unit & 0xFF);
-    bytes += bigEndian ? high : low;
-    bytes += bigEndian ? low : high;
 }
 
 std::string ToUtf16(std::string_view text, bool bigEndian)
 {
     std::string bytes;
     bytes.reserve(text.size() * 2);
-    while (!text.empty()) {
-        const Utf8Character character = CharacterAt(text, 0);
-        text.remove_prefix(character.bytes);
-        if (character.code < 0x10000) {
-            AppendUnit(bytes, character.code, bigEndian);
-            continue;
-        }
-        AppendUnit(bytes, 0xD800 + ((character.code - 0x10000) >> 10), bigEndian);
-        AppendUnit(bytes, 0xDC00 + ((character.code - 0x10000) & 0x3FF), bigEndian);
+    for (const char16_t unit : ::text::ToUtf16(text)) {
+        const char high = static_cast<char>(unit >> 8), low = static_cast<char>(unit & 0xFF);
+        bytes += bigEndian ? high : low;
+        bytes += bigEndian ? low : high;
     }
     return bytes;
 }
@@ -158,7 +130,7 @@ Encoding EncodingOf(std::string_view bytes)
         return Encoding::Utf16Big;
     if (bytes.starts_with(Utf8Mark))
         bytes.remove_prefix(Utf8Mark.size());
-    return IsUtf8(bytes) ? Encoding::Utf8 : Encoding::Windows1252;
+    return ::text::IsUtf8(bytes) ? Encoding::Utf8 : Encoding::Windows1252;
 }
 
 std::string_view MarkOf(Encoding encoding)

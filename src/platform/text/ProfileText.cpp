@@ -1,5 +1,6 @@
 #include "platform/text/ProfileText.h"
-#include "platform/text/Utf8.h"
+#include "base/text/Case.h"
+#include "base/text/Text.h"
 #include <algorithm>
 #include <vector>
 
@@ -9,13 +10,7 @@ constexpr std::string_view Blanks = " \t\v\f\r";
 constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view CrLf = "\r\n";
 
-std::string_view Trimmed(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(Blanks);
-    if (first == std::string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
+std::string_view Trimmed(std::string_view text) { return ::text::Trim(text, Blanks); }
 
 std::string_view Unquoted(std::string_view value)
 {
@@ -82,7 +77,9 @@ bool IsHeading(const Line& line) { return line.kind == Line::Kind::Section; }
 
 Section FindSection(LineIterator from, LineIterator end, std::string_view name)
 {
-    const auto isIt = [&](const Line& line) { return IsHeading(line) && SameName(line.name, Trimmed(name)); };
+    const auto isIt = [&](const Line& line) {
+        return IsHeading(line) && ::text::EqualIgnoringCase(line.name, Trimmed(name));
+    };
     const LineIterator heading = std::find_if(from, end, isIt);
     return {heading, heading == end ? end : std::find_if(heading + 1, end, IsHeading)};
 }
@@ -90,7 +87,7 @@ Section FindSection(LineIterator from, LineIterator end, std::string_view name)
 LineIterator FindKey(const Section& section, std::string_view name)
 {
     return std::find_if(section.heading, section.end, [&](const Line& line) {
-        return line.kind == Line::Kind::Key && SameName(line.name, Trimmed(name));
+        return line.kind == Line::Kind::Key && ::text::EqualIgnoringCase(line.name, Trimmed(name));
     });
 }
 
@@ -183,8 +180,8 @@ std::string WithoutProfileKey(std::string_view text, std::string_view section, s
     const Section found = FindSection(lines.begin(), lines.end(), section);
     std::string kept(text.substr(0, lines.empty() ? text.size() : lines.front().start));
     for (LineIterator line = lines.begin(); line != lines.end(); ++line) {
-        const bool goes =
-            line >= found.heading && line < found.end && line->kind == Line::Kind::Key && SameName(line->name, Trimmed(key));
+        const bool goes = line >= found.heading && line < found.end && line->kind == Line::Kind::Key &&
+                          ::text::EqualIgnoringCase(line->name, Trimmed(key));
         if (!goes)
             kept += text.substr(line->start, line->end - line->start);
     }
@@ -198,7 +195,7 @@ std::string WithoutProfileSection(std::string_view text, std::string_view sectio
     bool goes = false;
     for (const Line& line : lines) {
         if (IsHeading(line))
-            goes = SameName(line.name, Trimmed(section));
+            goes = ::text::EqualIgnoringCase(line.name, Trimmed(section));
         if (!goes)
             kept += text.substr(line.start, line.end - line.start);
     }

@@ -1,5 +1,5 @@
 #include "platform/text/RegistryTree.h"
-#include "platform/text/Utf8.h"
+#include "base/text/Case.h"
 #include <algorithm>
 
 namespace platform::text {
@@ -44,7 +44,7 @@ const RegistryKeyNode* CRegistryTree::Node(Root root, std::string_view path) con
     const auto normal = NormalPath(path);
     if (!normal)
         return nullptr;
-    const auto node = KeysBelow(root).find(FoldCase(*normal));
+    const auto node = KeysBelow(root).find(::text::FoldCase(*normal));
     return node == KeysBelow(root).end() ? nullptr : &node->second;
 }
 
@@ -61,7 +61,7 @@ bool CRegistryTree::CreateKey(Root root, std::string_view path)
     for (std::size_t end = 0; end != std::string::npos;) {
         end = normal->find(Separator, end == 0 ? 0 : end + 1);
         const std::string upTo = normal->substr(0, end);
-        KeysBelow(root).try_emplace(FoldCase(upTo), RegistryKeyNode{upTo, {}});
+        KeysBelow(root).try_emplace(::text::FoldCase(upTo), RegistryKeyNode{upTo, {}});
     }
     return true;
 }
@@ -71,7 +71,7 @@ bool CRegistryTree::DeleteKey(Root root, std::string_view path)
     const auto normal = NormalPath(path);
     if (!normal || normal->empty())
         return false;
-    const std::string key = FoldCase(*normal);
+    const std::string key = ::text::FoldCase(*normal);
     const auto below = KeysBelow(root).lower_bound(key + Separator);
     if (below != KeysBelow(root).end() && below->first.starts_with(key + Separator))
         return false;
@@ -83,7 +83,7 @@ const RegistryData* CRegistryTree::Find(Root root, std::string_view path, std::s
     const RegistryKeyNode* node = Node(root, path);
     if (!node)
         return nullptr;
-    const auto value = node->values.find(FoldCase(name));
+    const auto value = node->values.find(::text::FoldCase(name));
     return value == node->values.end() ? nullptr : &value->second.data;
 }
 
@@ -92,8 +92,8 @@ bool CRegistryTree::Set(Root root, std::string_view path, std::string_view name,
     const auto normal = NormalPath(path);
     if (!normal || !HasKey(root, *normal))
         return false;
-    auto& values = KeysBelow(root).try_emplace(FoldCase(*normal), RegistryKeyNode{*normal, {}}).first->second.values;
-    values.try_emplace(FoldCase(name), RegistryValue{std::string(name), {}}).first->second.data = std::move(data);
+    auto& values = KeysBelow(root).try_emplace(::text::FoldCase(*normal), RegistryKeyNode{*normal, {}}).first->second.values;
+    values.try_emplace(::text::FoldCase(name), RegistryValue{std::string(name), {}}).first->second.data = std::move(data);
     return true;
 }
 
@@ -102,8 +102,8 @@ bool CRegistryTree::Delete(Root root, std::string_view path, std::string_view na
     const auto normal = NormalPath(path);
     if (!normal)
         return false;
-    const auto node = KeysBelow(root).find(FoldCase(*normal));
-    return node != KeysBelow(root).end() && node->second.values.erase(FoldCase(name)) != 0;
+    const auto node = KeysBelow(root).find(::text::FoldCase(*normal));
+    return node != KeysBelow(root).end() && node->second.values.erase(::text::FoldCase(name)) != 0;
 }
 
 void CRegistryTree::Add(const CRegistryTree& other)

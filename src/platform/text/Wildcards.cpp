@@ -1,5 +1,6 @@
 #include "platform/text/Wildcards.h"
-#include "platform/text/Utf8.h"
+#include "base/text/Case.h"
+#include "base/text/Utf8.h"
 #include <string>
 
 namespace platform::text {
@@ -9,7 +10,7 @@ bool Matches(std::string_view name, std::string_view pattern)
 {
     std::size_t n = 0, p = 0, starAt = std::string_view::npos, resumeAt = 0;
     while (n < name.size()) {
-        const std::size_t step = CharacterAt(name, n).bytes;
+        const std::size_t step = ::text::CharacterAt(name, n).size;
         if (p < pattern.size() && pattern[p] == '*') {
             starAt = p++;
             resumeAt = n;
@@ -20,7 +21,7 @@ bool Matches(std::string_view name, std::string_view pattern)
             n += step;
             p += step;
         } else if (starAt != std::string_view::npos) {
-            resumeAt += CharacterAt(name, resumeAt).bytes;
+            resumeAt += ::text::CharacterAt(name, resumeAt).size;
             n = resumeAt;
             p = starAt + 1;
         } else {
@@ -33,7 +34,7 @@ bool Matches(std::string_view name, std::string_view pattern)
 
 bool MatchesWildcards(std::string_view name, std::string_view pattern)
 {
-    return pattern == "*.*" || Matches(FoldCase(name), FoldCase(pattern));
+    return pattern == "*.*" || Matches(::text::FoldCase(name), ::text::FoldCase(pattern));
 }
 
 }

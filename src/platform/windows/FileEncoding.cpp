@@ -1,7 +1,7 @@
 #include "platform/windows/FileEncoding.h"
+#include "base/text/Utf8.h"
 #include "platform/Failure.h"
 #include "platform/text/Encoding.h"
-#include "platform/text/Utf8.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/Win32.h"
 #include <algorithm>
@@ -47,7 +47,7 @@ bool IsPlain(std::string_view bytes)
 
 std::string TextOfFile(std::string bytes)
 {
-    if (!IsMarked(bytes) && !text::IsUtf8(bytes))
+    if (!IsMarked(bytes) && !::text::IsUtf8(bytes))
         bytes = FromLegacy(bytes);
     return text::TextOfBytes(std::move(bytes));
 }
@@ -57,7 +57,7 @@ std::string BytesForFile(const std::string& text)
     if (GetACP() == CP_UTF8 || IsPlain(text))
         return text;
     std::string bytes = ToAnsi(text);
-    const bool readsAsItself = FromAnsi(bytes) == text && !IsMarked(bytes) && !text::IsUtf8(bytes);
+    const bool readsAsItself = FromAnsi(bytes) == text && !IsMarked(bytes) && !::text::IsUtf8(bytes);
     return readsAsItself ? std::move(bytes) : std::string(Utf8Mark) + text;
 }
 

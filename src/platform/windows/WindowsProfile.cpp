@@ -1,6 +1,8 @@
 #include "platform/windows/WindowsProfile.h"
+#include "base/text/Case.h"
+#include "base/text/Text.h"
+#include "base/text/Utf8.h"
 #include "platform/text/ProfileText.h"
-#include "platform/text/Utf8.h"
 #include "platform/windows/SystemPaths.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WholeFile.h"
@@ -49,22 +51,18 @@ std::string WithoutHalfCharacter(const std::string& bytes)
     return bytes;
 }
 
-std::string_view Trimmed(std::string_view text)
-{
-    constexpr std::string_view Blanks = " \t\v\f\r\n";
-    const std::size_t first = text.find_first_not_of(Blanks);
-    return first == std::string_view::npos ? std::string_view()
-                                           : text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
+constexpr std::string_view Blanks = " \t\v\f\r\n";
+
+std::string_view Trimmed(std::string_view text) { return ::text::Trim(text, Blanks); }
 
 // A line in the one form that stands for all its spellings.
 std::string Meaning(std::string_view line)
 {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos)
-        return text::FoldCase(Trimmed(line));
+        return ::text::FoldCase(Trimmed(line));
     const std::string name(Trimmed(line.substr(0, equals)));
-    return text::FoldCase(name) + '=' + std::string(Trimmed(line.substr(equals + 1)));
+    return ::text::FoldCase(name) + '=' + std::string(Trimmed(line.substr(equals + 1)));
 }
 
 std::multiset<std::string> MeaningOfLines(std::string_view text)
@@ -152,7 +150,7 @@ std::string CWindowsProfile::Read(const std::string& file, const std::string& se
                                   const std::string& defaultValue, std::size_t limit) const
 {
     const std::string text = AskService(PathForService(file), {ToAnsi(section), Ansi(key), ToAnsi(defaultValue)}, limit);
-    return std::string(text::CutBetweenCharacters(text, limit == 0 ? 0 : limit - 1));
+    return std::string(::text::CutBetweenCharacters(text, limit == 0 ? 0 : limit - 1));
 }
 
 bool CWindowsProfile::Write(const std::string& file, const std::string& section, const std::optional<std::string>& key,

@@ -1,5 +1,5 @@
 #include "ui/controls/Controls.h"
-#include "common/Text.h"
+#include "base/text/Text.h"
 #include "platform/Failure.h"
 #include <algorithm>
 

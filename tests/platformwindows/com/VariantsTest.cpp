@@ -1,4 +1,4 @@
-#include "platform/text/Utf8.h"
+#include "base/text/Utf8.h"
 #include "platform/windows/com/AgentEvents.h"
 #include "platform/windows/com/CellText.h"
 #include "platform/windows/com/EventArguments.h"
@@ -70,12 +70,12 @@ TEST_F(Variants, OfAnyKind_AreReadOrRefused)
         const VARIANT& value = maker.Make();
         CVariant copy;
         EXPECT_PRED1(IsRefusal, Outcome([&] { copy = CVariant::Copy(value); }));
-        EXPECT_PRED1(IsRefusal, Outcome([&] { EXPECT_TRUE(platform::text::IsUtf8(copy.Text())); }));
+        EXPECT_PRED1(IsRefusal, Outcome([&] { EXPECT_TRUE(::text::IsUtf8(copy.Text())); }));
         EXPECT_PRED1(IsRefusal, Outcome([&] { copy.Truth(); }));
         EXPECT_PRED1(IsRefusal, Outcome([&] { EXPECT_EQ(copy.Short(), copy.Long()); }));
         EXPECT_PRED1(IsRefusal, Outcome([&] { copy.Long(); }));
         EXPECT_PRED1(IsRefusal, Outcome([&] { EXPECT_TRUE(copy.Object()); }));
-        EXPECT_PRED1(IsRefusal, Outcome([&] { EXPECT_TRUE(platform::text::IsUtf8(CellText(copy))); }));
+        EXPECT_PRED1(IsRefusal, Outcome([&] { EXPECT_TRUE(::text::IsUtf8(CellText(copy))); }));
     });
 }
 

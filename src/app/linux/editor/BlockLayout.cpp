@@ -1,5 +1,5 @@
 #include "app/linux/editor/BlockLayout.h"
-#include "platform/text/Utf8.h"
+#include "base/text/Utf8.h"
 #include <QFontMetrics>
 #include <QTextOption>
 #include <cmath>
@@ -34,12 +34,12 @@ void CBlockLayout::Decode(const std::string& bytes)
     m_offsets.reserve(bytes.size() + 1);
     m_text.reserve(static_cast<qsizetype>(bytes.size()));
     for (std::size_t at = 0; at < bytes.size();) {
-        const platform::text::Utf8Character character = platform::text::CharacterAt(bytes, at);
-        const char32_t shown = character.valid ? Shown(character.code) : 0xFFFD;
+        const ::text::Character character = ::text::CharacterAt(bytes, at);
+        const char32_t shown = character.IsValid() ? Shown(character.code) : 0xFFFD;
         m_text += QString::fromUcs4(&shown, 1);
         while (m_offsets.size() < static_cast<std::size_t>(m_text.size()))
             m_offsets.push_back(at);
-        at += character.bytes;
+        at += character.size;
     }
     m_offsets.push_back(bytes.size());
 }

@@ -1,5 +1,5 @@
 #include "engine/hosts/headless/HeadlessHost.h"
-#include "engine/base/Utf8.h"
+#include "base/text/Text.h"
 #include <algorithm>
 
 namespace engine {
@@ -93,7 +93,7 @@ std::string BalloonRecord::Text() const
 std::int32_t CFixedTextMeasure::Width(const Font&, std::string_view text) const
 {
     m_measured += text.size();
-    return static_cast<std::int32_t>(CountCharacters(text)) * CharacterWidth;
+    return static_cast<std::int32_t>(text::Length(text)) * CharacterWidth;
 }
 
 void CHeadlessDesktop::Change(const Rect& area)

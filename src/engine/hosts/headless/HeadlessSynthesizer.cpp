@@ -1,5 +1,6 @@
 #include "engine/hosts/headless/HeadlessSynthesizer.h"
-#include "engine/base/Utf8.h"
+#include "base/text/Text.h"
+#include "base/text/Utf8.h"
 #include <algorithm>
 #include <utility>
 
@@ -23,7 +24,7 @@ public:
 
     void Speak(char32_t character, std::size_t segment, std::size_t position)
     {
-        const bool blank = IsWhiteSpace(character);
+        const bool blank = text::IsWhiteSpace(character);
         if (!blank && m_afterBlank)
             m_chunks.back().marks.push_back({SpeechMarkKind::Word, m_sample, segment, position, Mouth::Closed});
         if (blank != m_afterBlank || position == 0)
@@ -76,9 +77,9 @@ std::deque<SpeechChunk> CHeadlessSynthesizer::Make(const std::vector<SpeechSegme
         writer.Silence(std::int64_t{segment.pauseMilliseconds} * sampleRate / 1000);
         std::size_t position = 0;
         for (std::size_t at = 0; at < segment.text.size(); ++position) {
-            const Utf8Character character = CharacterAt(segment.text, at);
-            writer.Speak(character.value, index, position);
-            at += character.bytes;
+            const text::Character character = text::CharacterAt(segment.text, at);
+            writer.Speak(character.code, index, position);
+            at += character.size;
         }
         writer.EndSegment();
     }

@@ -1,6 +1,6 @@
 #include "engine/hosts/qt/CharacterPreview.h"
+#include "base/text/Case.h"
 #include "engine/animation/FrameComposer.h"
-#include "engine/base/Utf8.h"
 #include "engine/hosts/qt/PictureScaler.h"
 #include <QPainter>
 #include <QRandomGenerator>
@@ -25,7 +25,7 @@ void CCharacterPreview::ShowCharacter(CharacterRef character)
 const Animation* CCharacterPreview::Find(std::string_view name) const
 {
     for (const Animation& animation : m_character->animations)
-        if (EqualIgnoringCase(animation.name, name) && !animation.frames.empty())
+        if (text::EqualIgnoringCase(animation.name, name) && !animation.frames.empty())
             return &animation;
     return nullptr;
 }
@@ -33,7 +33,7 @@ const Animation* CCharacterPreview::Find(std::string_view name) const
 const Animation* CCharacterPreview::OfState(std::string_view state) const
 {
     for (const State& candidate : m_character->states)
-        if (EqualIgnoringCase(candidate.name, state))
+        if (text::EqualIgnoringCase(candidate.name, state))
             for (const std::string& name : candidate.animations)
                 if (const Animation* animation = Find(name))
                     return animation;

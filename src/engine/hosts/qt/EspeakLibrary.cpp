@@ -1,4 +1,5 @@
 #include "engine/hosts/qt/EspeakLibrary.h"
+#include "base/text/Case.h"
 #include "engine/hosts/qt/VoiceIdentity.h"
 #include <algorithm>
 #include <array>
@@ -59,13 +60,6 @@ std::string NameForPeople(std::string name)
     return name;
 }
 
-std::string LowerCase(std::string text)
-{
-    std::transform(text.begin(), text.end(), text.begin(),
-                   [](char letter) { return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + 32) : letter; });
-    return text;
-}
-
 std::uint16_t GenderOf(const espeak_VOICE& voice)
 {
     const std::array<std::uint16_t, 3> genders{0, 2, 1};  // The library counts: none, male, female.
@@ -82,7 +76,7 @@ Voice Describe(const espeak_VOICE& voice)
     described.key = voice.identifier;
     described.name = NameForPeople(voice.name ? voice.name : voice.identifier);
     if (voice.languages && voice.languages[0] != 0)
-        described.languageId = LanguageIdOfTag(LowerCase(voice.languages + 1));
+        described.languageId = LanguageIdOfTag(text::Lower(voice.languages + 1));
     described.gender = GenderOf(voice);
     described.age = voice.age;
     return described;

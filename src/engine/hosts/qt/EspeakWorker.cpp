@@ -1,4 +1,5 @@
 #include "engine/hosts/qt/EspeakWorker.h"
+#include "base/text/Case.h"
 #include "engine/hosts/qt/SteadyClock.h"
 #include "engine/hosts/qt/Utterance.h"
 #include <algorithm>
@@ -12,8 +13,6 @@ namespace {
 
 // So much sound is made ahead of its playing; a book would otherwise fill the memory.
 constexpr std::int64_t SecondsAhead = 180;
-
-char UpperCase(char letter) { return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 32) : letter; }
 
 }
 
@@ -162,10 +161,8 @@ void CEspeakWorker::Perform(const Job& job)
 // Mode ids are the same in both cases of letters.
 std::string CEspeakWorker::KeyOf(const std::string& modeId) const
 {
-    const auto sameLetter = [](char one, char other) { return UpperCase(one) == UpperCase(other); };
-    const auto found = std::find_if(m_voices.begin(), m_voices.end(), [&](const Voice& voice) {
-        return std::equal(voice.modeId.begin(), voice.modeId.end(), modeId.begin(), modeId.end(), sameLetter);
-    });
+    const auto found = std::find_if(m_voices.begin(), m_voices.end(),
+                                    [&](const Voice& voice) { return text::EqualIgnoringCase(voice.modeId, modeId); });
     return found == m_voices.end() ? "" : found->key;
 }
 

@@ -1,4 +1,6 @@
 #include "engine/hosts/qt/SpeechText.h"
+#include "base/text/Text.h"
+#include "base/text/Utf8.h"
 #include <algorithm>
 
 namespace engine {
@@ -8,77 +10,10 @@ namespace {
 constexpr std::string_view Louder = "\x01+35A\x01+18P\x01-15S";
 constexpr std::string_view NormalAgain = "\x01-35A\x01-18P\x01+15S";
 
-constexpr char32_t Replacement = 0xFFFD;
-
-struct Decoded {
-    char32_t character = Replacement;
-    std::size_t bytes = 1;
-};
-
-unsigned ByteAt(std::string_view text, std::size_t index) { return static_cast<unsigned char>(text[index]); }
-
-std::size_t SequenceLength(unsigned lead)
-{
-    if (lead < 0x80)
-        return 1;
-    if (lead >= 0xC2 && lead < 0xE0)
-        return 2;
-    if (lead >= 0xE0 && lead < 0xF0)
-        return 3;
-    return lead >= 0xF0 && lead < 0xF5 ? 4 : 0;
-}
-
-bool Allowed(char32_t character, std::size_t bytes)
-{
-    const bool shortest = bytes < 3 || (bytes == 3 ? character >= 0x800 : character >= 0x10000);
-    return shortest && character <= 0x10FFFF && !(character >= 0xD800 && character < 0xE000);
-}
-
-// The character at the start of a text that is not empty; the replacement character, one byte long, for what is no UTF-8.
-Decoded DecodeFirst(std::string_view text)
-{
-    const unsigned lead = ByteAt(text, 0);
-    const std::size_t bytes = SequenceLength(lead);
-    if (bytes == 1)
-        return {lead, 1};
-    if (bytes == 0 || text.size() < bytes)
-        return {};
-    char32_t character = lead & (0xFFU >> (bytes + 1));
-    for (std::size_t index = 1; index < bytes; ++index) {
-        if ((ByteAt(text, index) & 0xC0U) != 0x80)
-            return {};
-        character = (character << 6) | (ByteAt(text, index) & 0x3FU);
-    }
-    return Allowed(character, bytes) ? Decoded{character, bytes} : Decoded{};
-}
-
-void AppendUtf8(std::string& text, char32_t character)
-{
-    const auto tail = [&](int shift) { text += static_cast<char>(0x80 | ((character >> shift) & 0x3F)); };
-    if (character < 0x80) {
-        text += static_cast<char>(character);
-    } else if (character < 0x800) {
-        text += static_cast<char>(0xC0 | (character >> 6));
-        tail(0);
-    } else if (character < 0x10000) {
-        text += static_cast<char>(0xE0 | (character >> 12));
-        tail(6);
-        tail(0);
-    } else {
-        text += static_cast<char>(0xF0 | (character >> 18));
-        tail(12);
-        tail(6);
-        tail(0);
-    }
-}
-
 bool IsControl(char32_t character) { return character < 0x20 || (character >= 0x7F && character < 0xA0); }
 
-bool IsBlank(char32_t character)
-{
-    return character == ' ' || character == '\t' || character == '\n' || character == '\r' || character == 0xA0 ||
-           (character >= 0x2000 && character <= 0x200A) || character == 0x2028 || character == 0x2029 || character == 0x3000;
-}
+// The synthesiser parts words also at the blank that is to hold them together.
+bool IsBlank(char32_t character) { return text::IsWhiteSpace(character) || character == 0xA0; }
 
 }
 
@@ -86,9 +21,9 @@ CSpeechText::CSpeechText(std::string_view text, bool emphasis) : m_emphasis(emph
 {
     m_spoken.reserve(text.size() + 64);
     while (!text.empty()) {
-        const Decoded next = DecodeFirst(text);
-        AddCharacter(next.character);
-        text.remove_prefix(next.bytes);
+        const text::Character next = text::FirstCharacter(text);
+        AddCharacter(next.IsValid() ? next.code : text::Replacement);
+        text.remove_prefix(next.size);
     }
     if (m_inWord)
         EndWord();
@@ -101,7 +36,7 @@ void CSpeechText::AddCharacter(char32_t character)
         character = ' ';
     if (IsBlank(character) == m_inWord)
         m_inWord ? EndWord() : BeginWord();
-    AppendUtf8(m_spoken, character);
+    text::AppendCharacter(m_spoken, character);
     ++m_spokenCount;
     ++m_originalCount;
 }

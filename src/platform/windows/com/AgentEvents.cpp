@@ -1,4 +1,6 @@
 #include "platform/windows/com/AgentEvents.h"
+#include "base/text/Case.h"
+#include "platform/windows/Text.h"
 #include "platform/windows/com/AgentUserInput.h"
 #include <algorithm>
 #include <array>
@@ -100,17 +102,11 @@ constexpr std::array<KnownEvent, 17> KnownEvents{{
     {L"DefaultCharacterChange", 30, OfCharacter<&Events::DefaultCharacterChange>},
 }};
 
-bool SameName(std::wstring_view one, std::wstring_view other)
-{
-    return one.size() == other.size() &&
-           CompareStringW(LOCALE_INVARIANT, NORM_IGNORECASE, one.data(), static_cast<int>(one.size()), other.data(),
-                          static_cast<int>(other.size())) == CSTR_EQUAL;
-}
-
 const KnownEvent* Find(std::wstring_view name)
 {
-    const auto* found = std::find_if(KnownEvents.begin(), KnownEvents.end(),
-                                     [&](const KnownEvent& event) { return SameName(event.name, name); });
+    const auto* found = std::find_if(KnownEvents.begin(), KnownEvents.end(), [&](const KnownEvent& event) {
+        return ::text::EqualIgnoringCase(FromWide(event.name), FromWide(name));
+    });
     return found == KnownEvents.end() ? nullptr : found;
 }
 

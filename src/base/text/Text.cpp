@@ -1,5 +1,5 @@
-#include "common/Text.h"
-#include "common/Utf8.h"
+#include "base/text/Text.h"
+#include "base/text/Utf8.h"
 #include <algorithm>
 
 namespace text {
@@ -30,12 +30,20 @@ template <class Find> std::string ReplaceFound(std::string_view text, std::size_
 
 }
 
-std::string_view Trim(std::string_view text)
+bool IsWhiteSpace(char32_t code)
 {
-    const std::size_t first = text.find_first_not_of(' ');
+    if (code <= 0x20)
+        return code == 0x20 || (code >= 0x09 && code <= 0x0D);
+    return code == 0x85 || code == 0x1680 || (code >= 0x2000 && code <= 0x200A) || code == 0x2028 || code == 0x2029 ||
+           code == 0x205F || code == 0x3000;
+}
+
+std::string_view Trim(std::string_view text, std::string_view blanks)
+{
+    const std::size_t first = text.find_first_not_of(blanks);
     if (first == std::string_view::npos)
         return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
+    return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 std::size_t Length(std::string_view text)

@@ -1,5 +1,20 @@
-#include "common/Text.h"
+#include "base/text/Text.h"
 #include <gtest/gtest.h>
+
+TEST(Text, IsWhiteSpace_TabsLineEndsAndBlanks_IsTrue)
+{
+    for (const char32_t character :
+         {0x09u, 0x0Au, 0x0Du, 0x20u, 0x85u, 0x1680u, 0x2000u, 0x200Au, 0x2028u, 0x2029u, 0x205Fu, 0x3000u})
+        EXPECT_TRUE(text::IsWhiteSpace(character)) << std::hex << static_cast<unsigned>(character);
+}
+
+TEST(Text, IsWhiteSpace_TheirNeighbours_IsFalse)
+{
+    for (const char32_t character : {0x08u, 0x0Eu, 0x1Fu, 0x21u, 0x84u, 0x1FFFu, 0x200Bu, 0x2027u, 0x202Au, 0x3001u})
+        EXPECT_FALSE(text::IsWhiteSpace(character)) << std::hex << static_cast<unsigned>(character);
+}
+
+TEST(Text, IsWhiteSpace_TheBlankThatHoldsWordsTogether_IsFalse) { EXPECT_FALSE(text::IsWhiteSpace(0xA0)); }
 
 TEST(Text, Trim_BlanksAtBothEnds_AreTakenOff) { EXPECT_EQ(text::Trim("  a b  "), "a b"); }
 

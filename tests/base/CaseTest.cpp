@@ -1,4 +1,5 @@
-#include "common/Text.h"
+#include "base/text/Case.h"
+#include "base/text/Utf8.h"
 #include <gtest/gtest.h>
 
 namespace {
@@ -76,3 +77,70 @@ TEST(TextCase, EqualIgnoringCase_DifferentStrayBytes_AreNotEqual)
 }
 
 TEST(TextCase, EqualIgnoringCase_AStrayByteAndALetter_AreNotEqual) { EXPECT_FALSE(text::EqualIgnoringCase("\xFF", "ÿ")); }
+
+namespace {
+
+std::string Utf8Of(char32_t code)
+{
+    std::string text;
+    text::AppendCharacter(text, code);
+    return text;
+}
+
+// The characters, U+0080 and up, for which something holds.
+template <class Condition> std::u32string CharactersThat(Condition holds)
+{
+    std::u32string found;
+    for (char32_t code = 0x80; code <= 0x10FFFF; ++code)
+        if ((code < 0xD800 || code > 0xDFFF) && holds(Utf8Of(code)))
+            found += code;
+    return found;
+}
+
+}
+
+TEST(FoldCase, LettersOfOneNameInAnyCase_BecomeTheSame)
+{
+    EXPECT_EQ(text::FoldCase("STRAẞE ΣΊΣΥΦΟΣ"), text::FoldCase("straße σίσυφος"));
+    EXPECT_EQ(text::FoldCase("µſ"), text::FoldCase("Μs"));
+}
+
+TEST(FoldCase, LettersOfScriptsBeyondTheFirstPlane_AreFolded)
+{
+    EXPECT_EQ(text::FoldCase("\U00010400\U0001E900"), "\U00010428\U0001E922");
+}
+
+TEST(FoldCase, CherokeeLetters_BecomeTheOlderCapitalOnes) { EXPECT_EQ(text::FoldCase("\uAB70\u13F8"), "\u13A0\u13F0"); }
+
+TEST(FoldCase, SharpSAndTheTurkishLetters_StayThemselves) { EXPECT_EQ(text::FoldCase("ßİı"), "ßİı"); }
+
+TEST(FoldCase, StrayBytes_StayAsTheyAre) { EXPECT_EQ(text::FoldCase("A\xFF\xC3Z"), "a\xFF\xC3z"); }
+
+TEST(FoldCase, EveryCharacter_IsFoldedAtOnce)
+{
+    EXPECT_EQ(
+        CharactersThat([](const std::string& one) { return text::FoldCase(text::FoldCase(one)) != text::FoldCase(one); }),
+        U"");
+}
+
+TEST(FoldCase, EveryLetter_IsFoldedAsItsCapitalIs)
+{
+    const std::u32string other =
+        CharactersThat([](const std::string& one) { return text::FoldCase(text::Upper(one)) != text::FoldCase(one); });
+    EXPECT_EQ(other, U"ı");
+}
+
+TEST(FoldCase, EveryLetter_IsFoldedAsItsSmallOneIs)
+{
+    const std::u32string other =
+        CharactersThat([](const std::string& one) { return text::FoldCase(text::Lower(one)) != text::FoldCase(one); });
+    EXPECT_EQ(other, U"İ");
+}
+
+// As many as the data of Unicode 15.0 has beyond ASCII.
+TEST(Case, AllLetters_HaveTheirCounterparts)
+{
+    EXPECT_EQ(CharactersThat([](const std::string& one) { return text::Upper(one) != one; }).size(), 1424U);
+    EXPECT_EQ(CharactersThat([](const std::string& one) { return text::Lower(one) != one; }).size(), 1407U);
+    EXPECT_EQ(CharactersThat([](const std::string& one) { return text::FoldCase(one) != one; }).size(), 1428U);
+}
