@@ -2,8 +2,10 @@
 #include "Support.h"
 #include "engine/hosts/qt/SteadyClock.h"
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdlib>
+#include <new>
 
 using namespace engine;
 using namespace std::chrono_literals;
@@ -59,6 +61,23 @@ protected:
         MakeOutput();
         ASSERT_TRUE(support::RunLoopUntil([&] { return m_connection->CurrentState() == CPulseServer::State::Ready; }));
         support::RunLoop(50ms);
+    }
+    CPulseStream* MakeStream(void* place)
+    {
+        const CPulseServer::CLock lock(*m_connection);
+        auto* stream = new (place) CPulseStream(m_connection->Context(), 22050);
+        stream->Add(Ramp(22050));
+        return stream;
+    }
+    std::int64_t Heard(CPulseStream& stream) const
+    {
+        const CPulseServer::CLock lock(*m_connection);
+        return stream.Heard();
+    }
+    void Destroy(CPulseStream* stream) const
+    {
+        const CPulseServer::CLock lock(*m_connection);
+        stream->~CPulseStream();
     }
     void Play(const std::vector<std::int16_t>& samples)
     {
@@ -296,6 +315,24 @@ TEST_F(PulseOutput, Position_ServerStopsAnswering_GoesOnByTheClock)
 
     EXPECT_TRUE(support::RunLoopUntil([&] { return m_output->Position() == 22050; }, 20s));
     m_server.Signal(SIGCONT);
+}
+
+// The server's answer would be written to where the stream was.
+TEST_F(PulseOutput, Stream_GoneWhileItsAnswersAreAwaited_IsNotTouchedAnyMore)
+{
+    MakeConnectedOutput();
+    alignas(CPulseStream) std::array<unsigned char, sizeof(CPulseStream)> place;
+    auto* stream = MakeStream(place.data());
+    ASSERT_TRUE(support::RunLoopUntil([&] { return Heard(*stream) > 2000; }));
+    m_server.Signal(SIGSTOP);
+    support::RunLoop(60ms);  // It asks no more often than that.
+    Heard(*stream);
+    Destroy(stream);
+    place.fill(0xAA);
+    m_server.Signal(SIGCONT);
+
+    EXPECT_TRUE(PlayToEnd(Ramp(2205)));  // Answers come in order.
+    EXPECT_EQ(std::count(place.begin(), place.end(), 0xAA), static_cast<std::ptrdiff_t>(place.size()));
 }
 
 TEST_F(PulseOutput, Begin_ServerThatNeverAnswers_FollowsTheClockAfterAMoment)

@@ -39,6 +39,17 @@ void Forget(pa_operation* operation)
 
 }
 
+void CPulseAnswer::Await(pa_operation* operation)
+{
+    if (m_operation) {
+        pa_operation_cancel(m_operation);
+        pa_operation_unref(m_operation);
+    }
+    m_operation = operation;
+}
+
+bool CPulseAnswer::Awaited() const { return m_operation && pa_operation_get_state(m_operation) == PA_OPERATION_RUNNING; }
+
 CPulseStream::CPulseStream(pa_context* context, std::int32_t sampleRate) : m_rate(sampleRate)
 {
     const pa_sample_spec format = FormatOf(sampleRate);
@@ -155,7 +166,7 @@ void CPulseStream::DrainWhenSent()
         return;
     m_draining = true;
     if (m_playing)
-        Forget(pa_stream_drain(m_stream, &Drained, this));
+        m_drained.Await(pa_stream_drain(m_stream, &Drained, this));
     else
         m_over = true;
 }
@@ -174,10 +185,10 @@ void CPulseStream::Drained(pa_stream*, int success, void* self)
 void CPulseStream::AskForTiming()
 {
     const std::int64_t now = SteadyMicroseconds();
-    if (now - m_timingAskedAt < TimingIntervalMicroseconds)
+    if (m_timing.Awaited() || now - m_timingAskedAt < TimingIntervalMicroseconds)
         return;
     m_timingAskedAt = now;
-    Forget(pa_stream_update_timing_info(m_stream, &TimingCame, this));
+    m_timing.Await(pa_stream_update_timing_info(m_stream, &TimingCame, this));
 }
 
 void CPulseStream::TimingCame(pa_stream* stream, int success, void* self)

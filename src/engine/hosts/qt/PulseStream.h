@@ -9,6 +9,20 @@ struct pa_stream;
 
 namespace engine {
 
+// An answer of the server that is awaited. It does not come any more once this has gone. Called with the server's lock held.
+class CPulseAnswer {
+public:
+    CPulseAnswer() = default;
+    ~CPulseAnswer() { Await(nullptr); }
+    CPulseAnswer(const CPulseAnswer&) = delete;
+    CPulseAnswer& operator=(const CPulseAnswer&) = delete;
+    void Await(pa_operation* operation);  // Takes it over; may be null. What was awaited before does not come any more.
+    bool Awaited() const;
+
+private:
+    pa_operation* m_operation = nullptr;
+};
+
 // One stream of samples to the sound server, used once: it waits corked until its first sample is there and is closed
 // after its last one. Made and called with the server's lock held, except where it says otherwise.
 class CPulseStream {
@@ -58,6 +72,8 @@ private:
     bool m_ended = false;
     bool m_draining = false;
     bool m_over = false;
+    CPulseAnswer m_timing;
+    CPulseAnswer m_drained;
 };
 
 }
