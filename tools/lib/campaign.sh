@@ -7,14 +7,15 @@ work=$root/build/campaigns/$campaign
 broken=0
 . "$root/tools/lib/house.sh"
 
-# prepare SET... [-- TARGET...]: installs the sets of packages and builds the targets of the Linux preset.
+# prepare SET... [-- TARGET...]: installs the sets of packages and builds the targets of the Linux preset, if any.
 prepare() {
     local sets=()
     while [ $# -gt 0 ] && [ "$1" != -- ]; do sets+=("$1"); shift; done
     [ $# -eq 0 ] || shift
     "$root/tools/install-packages" build run "${sets[@]}" || fail "What the campaign needs could not be installed."
-    build_preset linux -DPARLUNE_TESTS=ON -- "$@" || fail "The build failed."
+    [ $# -eq 0 ] || build_preset linux -DPARLUNE_TESTS=ON -- "$@" || fail "The build failed."
     mkdir -p "$work"
+    rm -f "$work"/failed*.png
 }
 
 # on_desktop: everything that the tests of the real program can do, for a campaign with windows and sound.
@@ -36,8 +37,9 @@ expect() {
     local what=$1
     shift
     "$@" && return
-    echo "NOT HELD: $what"
     broken=$((broken + 1))
+    echo "NOT HELD: $what"
+    [ -z "${desktop:-}" ] || screenshot "$work/failed$broken.png" 2>/dev/null
     return 1
 }
 
@@ -46,6 +48,19 @@ expect_within() {
     local seconds=$1 what=$2
     shift 2
     expect "$what (within $seconds s)" wait_until "$seconds" "$@"
+}
+
+# expect_soon "WHAT" COMMAND...: at some time, as in the tests.
+expect_soon() { expect_within "$long_enough" "$@"; }
+
+# have_read TEXT: the character is to read it. On a busy machine two clicks may come too late to be a double click.
+clicked_again=0
+have_read() {
+    copy_text "$1"
+    double_click_character
+    wait_until 5 balloon_visible && return
+    clicked_again=$((clicked_again + 1))
+    double_click_character
 }
 
 # The last statement of a campaign.
