@@ -1,8 +1,11 @@
 # Compiler settings of every target of our own: link parlune_settings.
 add_library(parlune_settings INTERFACE)
 target_include_directories(parlune_settings INTERFACE ${CMAKE_SOURCE_DIR}/src)
+if(PARLUNE_WARNINGS_AS_ERRORS)
+  set(parlune_errors -Werror)
+endif()
 target_compile_options(parlune_settings INTERFACE
-  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
+  -Wall -Wextra -Wpedantic ${parlune_errors} -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
   -Woverloaded-virtual -Wcast-align -Wformat=2 -Wimplicit-fallthrough -Wunused)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # g++ 12 takes the joining of two texts for an overlapping copy, or for one of half the memory.
