@@ -195,6 +195,35 @@ TEST_F(AnimationTest, ALongChainWithoutDurations_ShowsItsLastFrame)
     EXPECT_EQ(Pixel(), Blue);
 }
 
+TEST_F(AnimationTest, AHundredFramesWithoutDuration_TakeNoTime)
+{
+    engine::Animation chain = MakeAnimation("Chain", {});
+    chain.frames.assign(100, MakeFrame(1, 0));
+    LoadWith({chain});
+    const RequestRef play = bot->Play("Chain");
+    host.Advance(0);
+    EXPECT_EQ(StatusOf(play), 0);
+}
+
+TEST_F(AnimationTest, TheReturnAnimationOfASpeakingPose_PlaysBeforeTheNext)
+{
+    engine::Character character = Make();
+    character.animations.push_back(
+        MakeAnimation("Talk", {SpeakingFrame(0, 10)}, engine::Transition::ReturnAnimation, "TalkReturn"));
+    character.animations.push_back(MakeAnimation("TalkReturn", {MakeFrame(2, 20)}));
+    for (engine::State& state : character.states)
+        if (state.name == "SPEAKING")
+            state.animations = {"Talk"};
+    LoadShown(std::move(character));
+    Say("Hello");
+    host.RunUntilIdle();
+    bot->Play("Greet");
+    host.Advance(100);
+    EXPECT_EQ(Pixel(), Blue);  // TalkReturn.
+    host.Advance(150);
+    EXPECT_EQ(Pixel(), Green);  // Greet.
+}
+
 TEST_F(AnimationTest, AReturnAnimation_PlaysBeforeTheNext)
 {
     LoadShown();

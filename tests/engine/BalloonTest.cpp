@@ -115,6 +115,16 @@ TEST_F(BalloonTest, MoreTextThanLines_ScrollsWithTheWords)
     EXPECT_EQ(host.Balloon().Text(), "cccc dddd/eeee ffff");
 }
 
+TEST_F(BalloonTest, ABalloonOfOneLine_ShowsTheLineThatIsSpoken)
+{
+    LoadStyled(0x010A0000 | On | AutoPace);
+    Say("aaaa bbbb cccc dddd");
+    host.Advance(5 + 9 * 60);
+    EXPECT_EQ(host.Balloon().Text(), "aaaa bbbb");
+    host.RunUntilIdle();
+    EXPECT_EQ(host.Balloon().Text(), "cccc dddd");
+}
+
 TEST_F(BalloonTest, WithoutAutoPace_MoreTextScrollsToo)
 {
     LoadStyled(TwoLinesOfTen | On);
@@ -344,4 +354,16 @@ TEST_F(BalloonTest, TheFontOfTheFile_IsInPoints)
     character.balloon->fontHeight = -16;
     Load(character);
     EXPECT_EQ(bot->Balloon()->FontSize(), 12);
+}
+
+TEST_F(BalloonTest, TheFontOfTheFile_IsAtLeastFourPixelsHigh)
+{
+    engine::Character character = Make();
+    for (const std::int32_t height : {-4, -2, 0, 2, 4}) {
+        character.balloon->fontHeight = height;
+        Load(character);
+        EXPECT_EQ(bot->Balloon()->FontSize(), 3) << height;
+        bot.reset();
+        control.reset();
+    }
 }

@@ -1,9 +1,7 @@
+#include "EngineTest.h"
 #include "engine/hosts/headless/VirtualTime.h"
 #include "engine/requests/RequestQueue.h"
 #include "engine/session/GuardedHost.h"
-#include "platform/CharacterEngine.h"
-#include "platform/Failure.h"
-#include <gtest/gtest.h>
 #include <new>
 
 namespace {
@@ -95,6 +93,42 @@ TEST(GuardedTimers, TheProgramEnds_NobodyIsTold)
     timers.CallLater(10, [] { throw platform::CProgramEnded(); });
     EXPECT_THROW(time.Advance(10), platform::CProgramEnded);
     EXPECT_EQ(told, 0);
+}
+
+// A character's pictures, of which none can be had while there is no memory.
+class CPicturesWithoutMemory final : public engine::IPictures {
+public:
+    explicit CPicturesWithoutMemory(std::shared_ptr<const engine::IPictures> pictures) : m_pictures(std::move(pictures)) {}
+    bool fail = false;
+    std::uint32_t Count() const override { return m_pictures->Count(); }
+    engine::PictureRef Picture(std::uint32_t index) const override
+    {
+        if (fail)
+            throw std::bad_alloc();
+        return m_pictures->Picture(index);
+    }
+
+private:
+    std::shared_ptr<const engine::IPictures> m_pictures;
+};
+
+using FailedStepOfACharacter = EngineTest;
+
+TEST_F(FailedStepOfACharacter, APictureThatCannotBeHad_FailsItsAnimationAndTheNextOnePlays)
+{
+    engine::Character character = testing_character::Make();
+    const auto pictures = std::make_shared<CPicturesWithoutMemory>(character.pictures);
+    character.pictures = pictures;
+    LoadShown(std::move(character));
+    const RequestRef wave = bot->Play("Wave");
+    const RequestRef greet = bot->Play("Greet");
+    pictures->fail = true;
+    EXPECT_THROW(host.Advance(100), std::bad_alloc);
+    pictures->fail = false;
+    host.RunUntilIdle();
+    EXPECT_EQ(wave->Status(), RequestStatus::Failed);
+    EXPECT_EQ(wave->Number(), engineError::OutOfMemory);
+    EXPECT_EQ(StatusOf(greet), 0);
 }
 
 }

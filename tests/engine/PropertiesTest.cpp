@@ -141,6 +141,14 @@ TEST_F(PropertiesTest, SetTTSModeID_TakesAVoicesName)
     EXPECT_EQ(bot->TTSModeID(), Ann);
 }
 
+TEST_F(PropertiesTest, SetTTSModeID_OfNothing_LetsTheCharacterChooseItself)
+{
+    Load();
+    bot->SetTTSModeID(Claire);
+    bot->SetTTSModeID("");
+    EXPECT_EQ(bot->TTSModeID(), Bob);
+}
+
 TEST_F(PropertiesTest, SetTTSModeID_OfAnUnknownVoice_FailsAndChoosesItself)
 {
     Load();

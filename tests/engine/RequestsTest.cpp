@@ -1,4 +1,5 @@
 #include "EngineTest.h"
+#include "engine/requests/Request.h"
 
 using RequestsTest = EngineTest;
 
@@ -306,4 +307,22 @@ TEST_F(RequestsTest, Stop_WithAHideThatWaits_RemovesIt)
     EXPECT_EQ(StatusOf(hide), 3);
     host.RunUntilIdle();
     EXPECT_TRUE(host.Window().shown);
+}
+
+TEST(RequestDescription, OfEachCause_SaysItInASentence)
+{
+    const std::vector<std::pair<std::int32_t, std::string>> expected{
+        {0, ""},
+        {code::FileNotFound, "The file was not found."},
+        {code::CharacterHidden, "The character is hidden."},
+        {code::MoveWhileDragging, "The character cannot move while it is dragged."},
+        {code::BadBookmark, "The bookmark number is not valid."},
+        {code::RemovedFromQueue, "The request was removed from the queue."},
+        {code::InterruptedByApplication, "The request was interrupted by the application."},
+        {code::InterruptedByHiding, "The request was interrupted because the character was hidden."},
+        {code::LastTagNotAlone, "The tag that repeats the last statement must stand alone."},
+        {code::NotASoundFile, "The file is not a sound file."},
+        {12345, "Application-defined or object-defined error"}};
+    for (const auto& [number, text] : expected)
+        EXPECT_EQ(engine::RequestDescription(number), text);
 }

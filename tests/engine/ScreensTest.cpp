@@ -80,6 +80,19 @@ TEST_F(ScreensTest, Unplugged_WhileSlidingThere_EndsInSight)
     EXPECT_EQ(bot->Top(), 400);
 }
 
+TEST_F(ScreensTest, Unplugged_UnderASlide_LetsItGoOn)
+{
+    LoadOn(1400, 400);
+    bot->MoveTo(1500, 400, 1000);
+    host.Advance(300);
+    journal.Clear();
+    Unplug();
+    EXPECT_GT(bot->Left(), 1000);
+    host.RunUntilIdle();
+    EXPECT_EQ(bot->Left(), 924);
+    EXPECT_EQ(journal.Of("Move"), Lines{"Move Bot 924 400 cause 2"});
+}
+
 TEST_F(ScreensTest, Unplugged_WhileSpeaking_BringsTheBalloonAlong)
 {
     LoadOn(1400, 400);

@@ -359,6 +359,13 @@ TEST(ParseSpeech, ANumberWithLettersBehind_ChangesNothing)
     EXPECT_EQ(ParseSpeech("\\Pit=100a\\Hi").segments.at(0).pitchHertz, 0);
 }
 
+TEST(ParseSpeech, AQuotedNumber_IsOneOnlyIfItHoldsNothingElse)
+{
+    EXPECT_EQ(ParseSpeech("\\Pit=\"150\"\\Hi").segments.at(0).pitchHertz, 150);
+    for (const char* other : {"15:", "15/", "15 ", "1 5"})
+        EXPECT_EQ(ParseSpeech("\\Pit=\"" + std::string(other) + "\"\\Hi").segments.at(0).pitchHertz, 0) << other;
+}
+
 TEST(ParseSpeech, ASignAlone_ChangesNothing) { EXPECT_EQ(ParseSpeech("\\Pit=-\\Hi").segments.at(0).pitchHertz, 0); }
 
 TEST(ParseSpeech, AllDigits_AreDigits)

@@ -160,6 +160,18 @@ TEST_F(SpeechTest, TheCharactersVoice_GivesPitchAndPace)
     EXPECT_EQ(segment.wordsPerMinute, 150);
 }
 
+TEST_F(SpeechTest, ACharacterWithoutPitchAndPace_SpeaksAsTheVoiceDoes)
+{
+    engine::Character character = Make();
+    character.voice->pitch.reset();
+    character.voice->wordsPerMinute.reset();
+    LoadShown(std::move(character));
+    Say("Hello");
+    const engine::SpeechSegment& segment = host.synthesizer.Orders().at(0).segments.at(0);
+    EXPECT_EQ(segment.pitchHertz, 0);
+    EXPECT_EQ(segment.wordsPerMinute, 0);
+}
+
 TEST_F(SpeechTest, Tags_ReachTheVoiceAndNotTheBalloon)
 {
     LoadShown();

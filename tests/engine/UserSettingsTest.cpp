@@ -41,6 +41,11 @@ TEST(UserSettingsText, Write_OfEverything_IsOneLineEach)
     EXPECT_EQ(WriteUserSettings(settings), "Balloons=0\nSoundEffects=1\nSpeedPercent=150\nDefaultCharacter=Nibbin.acs\n");
 }
 
+TEST(UserSettingsText, Write_OfTheDefaults_SaysEachOfThem)
+{
+    EXPECT_EQ(WriteUserSettings(UserSettings()), "Balloons=1\nSoundEffects=1\nSpeedPercent=100\nDefaultCharacter=\n");
+}
+
 TEST(UserSettingsText, Read_OfWhatWasWritten_IsTheSame)
 {
     UserSettings settings;
@@ -69,6 +74,12 @@ TEST(UserSettingsText, Read_OfNonsense_IsTheDefaults)
 {
     EXPECT_EQ(ReadUserSettings("Balloons=2\nSoundEffects=\nSpeedPercent=90000000000\n\n=\nHello"), UserSettings{});
     EXPECT_EQ(ReadUserSettings(std::string(3, '\0')), UserSettings{});
+}
+
+TEST(UserSettingsText, Read_OfALineTwice_TakesTheLast)
+{
+    EXPECT_TRUE(ReadUserSettings("Balloons=0\nBalloons=1\n").balloonsOn);
+    EXPECT_FALSE(ReadUserSettings("Balloons=1\nBalloons=0\n").balloonsOn);
 }
 
 TEST(UserSettingsText, Read_OfASpeedOutOfRange_IsTheDefault)

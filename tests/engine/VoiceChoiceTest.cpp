@@ -71,6 +71,19 @@ TEST(ChooseVoice, WithoutAGender_TakesAnyGender)
     EXPECT_EQ(Chosen({MakeVoice("A", American, 1, 40), MakeVoice("B", American, 2, 30)}, Hints(0, 30), American), "B");
 }
 
+TEST(ChooseVoice, WithoutAGender_PrefersNoVoiceWithoutOne)
+{
+    EXPECT_EQ(Chosen({MakeVoice("A", American, 0, 40), MakeVoice("B", American, 2, 30)}, Hints(0, 30), American), "B");
+}
+
+TEST(ChooseVoice, OfEachGender_TakesAVoiceOfIt)
+{
+    const std::vector<Voice> voices{MakeVoice("A", American, 1, 99), MakeVoice("B", American, 2, 99),
+                                    MakeVoice("C", American, 0, 30)};
+    EXPECT_EQ(Chosen(voices, Hints(1, 30), American), "A");
+    EXPECT_EQ(Chosen(voices, Hints(2, 30), American), "B");
+}
+
 TEST(ChooseVoice, AnAbsurdAge_DoesNotOutweighTheGender)
 {
     EXPECT_EQ(Chosen({MakeVoice("A", American, 1, 30), MakeVoice("B", American, 2, 60000)}, Hints(2, 30), American), "B");

@@ -287,6 +287,17 @@ TEST(HostileFile, APictureWithoutWidthOrHeight_IsNone)
     EXPECT_EQ(Read(WithPicture(picture))->pictures->Picture(0), nullptr);
 }
 
+TEST(HostileFile, AsManyPicturesAsTheLimit_AreReadAndOneMoreIsNot)
+{
+    const auto refusalOf = [](std::size_t count) {
+        FileParts parts;
+        parts.changePicturePlaces = [&](auto& places) { places.assign(count, places[0]); };
+        return RefusalOf(parts.Make());
+    };
+    EXPECT_EQ(refusalOf(65535), 0);
+    EXPECT_EQ(refusalOf(65536), Damaged);
+}
+
 TEST(HostileFile, PicturesWithTooManyPixelsTogether_AreRefused)
 {
     PictureParts picture;

@@ -57,6 +57,14 @@ protected:
     {
         return Outcome([&] { return Folders().Load(file); });
     }
+    std::string RefusalText(const std::string& file) const
+    {
+        try {
+            return Folders().Load(file)->names[0].name;
+        } catch (const platform::CFailure& failure) {
+            return failure.Description();
+        }
+    }
     std::string LoadedDefault(const std::string& defaultName = "") const
     {
         return Outcome([&] { return Folders(defaultName).LoadDefault(); });
@@ -170,6 +178,14 @@ TEST_F(CharacterFolders, Load_ADamagedFile_IsRefusedAsItsReaderDoes)
     EXPECT_EQ(Loaded("Text.acs"), "80042204");
     EXPECT_EQ(Loaded("Old.acs"), "80042202");
     EXPECT_EQ(Loaded("Cut.acs"), "8007000D");
+}
+
+TEST_F(CharacterFolders, Load_AFileBeyondTheLimit_IsRefusedBeforeItIsRead)
+{
+    Put("user/Huge.acs", {0xC3, 0xAB, 0xCD, 0xAB});
+    fs::resize_file(PathOf("user/Huge.acs"), (std::uintmax_t{64} << 20) + 1);
+
+    EXPECT_EQ(RefusalText("Huge.acs"), "The character file is too large.");
 }
 
 TEST_F(CharacterFolders, Load_AFolderThatIsMissing_IsPassedOver)

@@ -111,6 +111,32 @@ TEST(Compress, ACopyAtEachEdgeOfADistanceClass_ComesBack)
     }
 }
 
+TEST(Compress, TheFarthestDistance_IsStillACopy)
+{
+    constexpr std::size_t Farthest = 4673 + (1U << 20) - 2;
+    const auto sizeAt = [](std::size_t distance) {
+        Bytes plain(distance + 40);
+        for (std::size_t i = 0; i < 40; ++i)
+            plain[i] = plain[distance + i] = static_cast<std::uint8_t>(100 + i);
+        return Compress(plain, Effort::Quick).size();
+    };
+    EXPECT_LT(sizeAt(Farthest) + 25, sizeAt(Farthest + 1));
+}
+
+// A hundred nearer places begin with the same two bytes: the search follows those that share three.
+TEST(Compress, ALongCopyBehindManyShortOnes_IsFound)
+{
+    Bytes plain = TextBytes("XYZ-abcdefghijklmnopqrstuvw");
+    const Bytes token = plain;
+    for (int other = 0; other < 200; ++other)
+        for (const int byte : {int{'X'}, int{'Y'}, other < 'Z' ? other : other + 1, 255 - other})
+            plain.push_back(static_cast<std::uint8_t>(byte));
+    const std::size_t before = Compress(plain, Effort::Thorough).size();
+    plain.insert(plain.end(), token.begin(), token.end());
+
+    EXPECT_LE(Compress(plain, Effort::Thorough).size(), before + 5);
+}
+
 TEST(Decompress, TheWorkedExample_GivesItsText)
 {
     const Bytes stream{0x00, 0x82, 0x08, 0x15, 0x4C, 0x43, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF, 0xFF};

@@ -43,3 +43,8 @@ TEST(RegionBytes, ARectangle_HasItsFarEdgesOutside)
     EXPECT_EQ(std::vector<std::uint8_t>(bytes.begin() + 32, bytes.end()),
               (std::vector<std::uint8_t>{1, 0, 0, 0, 2, 0, 0, 0, 4, 0, 0, 0, 6, 0, 0, 0}));
 }
+
+TEST(RegionOf, RowsOfEqualWidthsAtOtherPlaces_AreNotMerged)
+{
+    EXPECT_EQ(RegionOf({{3, 2}, {9, 9, 0, 0, 9, 9}}, 0), (std::vector<Rect>{{0, 0, 2, 1}, {1, 1, 2, 1}}));
+}
