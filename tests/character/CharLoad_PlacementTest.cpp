@@ -25,6 +25,14 @@ TEST_F(CharLoad_Placement, WithoutStoredPosition_StandsInTheBottomRightCorner)
     EXPECT_EQ(Options().CharTop, 590);
 }
 
+TEST_F(CharLoad_Placement, OfACharacterThatDoesNotTellItsSize_LeavesTheDistanceToTheCorner)
+{
+    desktop.journal.FailAlways("Character.Width", failure);
+    desktop.journal.FailAlways("Character.Height", failure);
+    LoadAt(-1, -1);
+    EXPECT_EQ(Moves(), Texts{"Character.MoveTo 974 718 -"});
+}
+
 TEST_F(CharLoad_Placement, WithAStoredPosition_StandsThere)
 {
     LoadAt(300, 200);

@@ -89,6 +89,13 @@ INSTANTIATE_TEST_SUITE_P(AllSymbols, NightFormat,
                                          Case{"ww", "10"}, Case{"q", "1"}, Case{"y", "66"}, Case{"h:nn a/p", "12:07 a"},
                                          Case{"h AMPM", "12 AM"}, Case{"h am/pm", "12 am"}));
 
+TEST(DateFormat, FormatDate_CompleteNearMidnightAndAtAFullHour_WritesTheTime)
+{
+    EXPECT_EQ(Written({2026, 1, 1, 5, 0, 0}, "c"), "1/1/2026 5:00:00 AM");
+    EXPECT_EQ(Written({2026, 1, 1, 0, 7, 0}, "c"), "1/1/2026 12:07:00 AM");
+    EXPECT_EQ(Written({2026, 1, 1, 0, 0, 9}, "c"), "1/1/2026 12:00:09 AM");
+}
+
 TEST(DateFormat, FormatDate_CompleteAtMidnight_WritesOnlyTheDate) { EXPECT_EQ(Written({2026, 1, 1}, "c"), "1/1/2026"); }
 
 TEST(DateFormat, FormatDate_Noon_IsTwelvePM) { EXPECT_EQ(Written({2026, 1, 1, 12}, "h:nn AM/PM"), "12:00 PM"); }

@@ -104,6 +104,14 @@ TEST_F(Voices, InitTTS_CharacterLoaded_MarksItsVoice)
     EXPECT_EQ(MainWindow().lstTTS.Index(), 1);
 }
 
+TEST_F(Voices, InitTTS_TheBarOfProgress_EndsAtItsEnd)
+{
+    desktop.speechEngines.engines = {{"{AA}", "Mary"}, {"{BB}", "Mike"}, {"{CC}", "Sam"}};
+    bInit::InitTTS();
+    EXPECT_EQ(MainWindow().pbrTTSEngines.Maximum(), 3);
+    EXPECT_EQ(MainWindow().pbrTTSEngines.Value(), 3);
+}
+
 TEST_F(Voices, InitTTS_NoVoices_TellsOfTheProblem)
 {
     bInit::InitTTS();

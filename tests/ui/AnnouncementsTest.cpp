@@ -157,6 +157,20 @@ TEST_F(Announcements, Timer_SwitchedOff_DoesNothing)
     EXPECT_EQ(Announced(), Texts{});
 }
 
+TEST_F(Announcements, Timer_FirstTickAtAMinuteThatIsDue_AnnouncesIt)
+{
+    for (const int minute : {0, 1, 30, 59}) {
+        CHeadlessDesktop fresh;
+        support::LoadCharacter(fresh, "Merlin");
+        fresh.clock.Set(2026, 11, 20, 10, minute);
+        MainWindow().chkSayTime.SetValue(1);
+        MainWindow().cboSayTimeInterval.SetText("1");
+        MainWindow().cboSayTime.SetText("Hello");
+        announcements::tmrTimer_Timer();
+        EXPECT_EQ(fresh.engine.Spoken(), Texts{"Hello"}) << minute;
+    }
+}
+
 TEST_F(Announcements, Timer_WithABoxInItsThirdState_DoesNothing)
 {
     window.chkSayTime.SetValue(2);

@@ -110,6 +110,14 @@ TEST_F(BalloonTab, ShowBalloon_WhenAVoiceTestEndsWhileItIsOpen_ShowsTheBalloonTh
     EXPECT_EQ(window.cboFontName.Text(), "Arial");
 }
 
+TEST_F(BalloonTab, ShowBalloon_OfManyLinesAndCharacters_ShowsTheirNumbers)
+{
+    desktop.engine.character.balloonStyle = static_cast<std::int32_t>(0xC8FA0007u);
+    ShowTab();
+    EXPECT_EQ(window.txtCharsPerLine.Text(), "250");
+    EXPECT_EQ(window.txtNumberOfLines.Text(), "200");
+}
+
 TEST_F(BalloonTab, ShowBalloon_OnAnotherTab_IsLeftForTheNextVisit)
 {
     ShowTab();

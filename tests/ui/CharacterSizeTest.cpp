@@ -205,6 +205,15 @@ TEST_F(CharacterSize, txtSize_Commit_OfAZero_AppliesTheOtherBoxOnly)
     ExpectKept(128, 96);
 }
 
+TEST_F(CharacterSize, txtSize_Commit_OfAZeroHeight_AppliesTheWidthOnly)
+{
+    LoadWithCustomSize();
+    Loaded().width = 50;
+    Type(1, "0");
+    ExpectSize(128, 96);
+    ExpectKept(128, 96);
+}
+
 TEST_F(CharacterSize, txtSize_Commit_ProportionalWithoutANumber_LeavesTheOtherBox)
 {
     LoadWithCustomSize();
@@ -253,6 +262,7 @@ TEST_F(CharacterSize, txtSize_Commit_AgainWhileAReportIsShown_IsNotHandledTwice)
     desktop.messageBoxes.whileShown = [this] { window.txtSize[0].Commit(); };
     Type(0, "40000");
     EXPECT_EQ(Reports().size(), 1U);
+    EXPECT_EQ(desktop.journal.Count("Character.SetHeight"), 1U);
     desktop.messageBoxes.whileShown = nullptr;
     Type(0, "64");
     ExpectSize(64, 96);

@@ -173,3 +173,13 @@ TEST(MainWindowLayout, ToolBar_HasItsFiveKeysInOrder)
 TEST(FindRow, UnknownControl_IsNull) { EXPECT_EQ(FindRow(MainWindowLayout(), "chkNothing"), nullptr); }
 
 TEST(InsideOf, UnknownHolder_IsEmpty) { EXPECT_EQ(InsideOf(MainWindowLayout(), {"fraNothing"}).width, 0); }
+
+TEST(InsideOf, EachKindOfHolder_HasItsPlacesFromItsOwnCorner)
+{
+    for (const char* holder : {"", "tabMain", "fraVoice"}) {
+        const Rectangle inside = InsideOf(MainWindowLayout(), {holder});
+        EXPECT_EQ(inside.x, 0) << holder;
+        EXPECT_EQ(inside.y, 0) << holder;
+        EXPECT_GT(inside.width, 0) << holder;
+    }
+}

@@ -321,3 +321,18 @@ TEST_F(TextEditor, FileMenu_AFailingCommand_IsReportedUnderTheEntrysName)
     window.mnuFileClose.Click();
     EXPECT_EQ(Reports(), Texts{"Parlune:mnuFileClose_Click"});
 }
+
+// What sets a text, a page or the title fails.
+TEST_F(TextEditor, MenuEntries_ThatFail_ReportUnderTheirNames)
+{
+    const auto fail = [this] { throw failure; };
+    Type("Hello");
+    ui::Document().modified = false;
+    window.txtRead.SetPeer(fail);
+    window.mnuFileNew.Click();
+    window.txtRead.SetPeer(nullptr);
+    window.tabMain.SetPeer(fail);
+    window.mnuFileOpen.Click();
+    window.tabMain.SetPeer(nullptr);
+    EXPECT_EQ(Reports(), (Texts{"Parlune:mnuFileNew_Click", "Parlune:mnuFileOpen_Click"}));
+}
