@@ -26,7 +26,8 @@ class TestProgram:
         self.path, self.folder = str(path), folder
 
     def list(self):
-        said = subprocess.run([self.path, "--gtest_list_tests"], capture_output=True, text=True, check=True).stdout
+        said = subprocess.run([self.path, "--gtest_list_tests"], capture_output=True, text=True, errors="replace",
+                              check=True).stdout
         tests, suite = [], ""
         for line in said.splitlines():
             name = line.split("#")[0].rstrip()
@@ -97,7 +98,6 @@ def run_limited(command, folder, variables, seconds):
         resource.setrlimit(resource.RLIMIT_CPU, (int(seconds) + 1, int(seconds) + 2))
         resource.setrlimit(resource.RLIMIT_AS, (MEMORY, MEMORY))
         resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
-        os.nice(19)
 
     before = resource.getrusage(resource.RUSAGE_CHILDREN)
     process = subprocess.Popen(command, cwd=folder, preexec_fn=limit, start_new_session=True, env={**os.environ, **variables},
