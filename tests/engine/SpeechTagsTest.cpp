@@ -1,6 +1,6 @@
 #include "engine/speech/SpeechTags.h"
 #include "platform/CharacterEngine.h"
-#include <chrono>
+#include <ctime>
 #include <gtest/gtest.h>
 
 using engine::ChooseAlternative;
@@ -253,10 +253,10 @@ TEST(ParseSpeech, AMegabyteOfTagStarts_TakesLinearTime)
     std::string text;
     while (text.size() < 1'000'000)
         text += "\\Map=\"a\\";
-    const auto begin = std::chrono::steady_clock::now();
+    const std::clock_t begin = std::clock();  // The processor's time: the machine may have much else to do.
     const SpokenText parsed = ParseSpeech(text);
     EXPECT_EQ(parsed.shown.size(), text.size());
-    EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+    EXPECT_LT(std::clock() - begin, 10 * CLOCKS_PER_SEC);
 }
 
 TEST(WordsBegunAt, APlaceInsideAWord_CountsThatWord)
