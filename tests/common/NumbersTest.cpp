@@ -56,6 +56,15 @@ TEST(Numbers, LeadingNumber_ManyZerosBehindThePoint_IsZero)
     EXPECT_DOUBLE_EQ(text::LeadingNumber("0." + std::string(400, '0') + "1"), 0);
 }
 
+TEST(Numbers, LeadingNumber_OfManyZeros_GoesByTheFirstDigitThatCounts)
+{
+    const std::string zeros(400, '0');
+    EXPECT_TRUE(std::isinf(text::LeadingNumber("0." + zeros + "1e900")));
+    EXPECT_TRUE(std::isinf(text::LeadingNumber("1" + zeros + "e+10")));
+    EXPECT_EQ(text::LeadingNumber("1" + zeros + "e-900"), 0);
+    EXPECT_EQ(text::LeadingNumber("0." + zeros + "1e+10"), 0);
+}
+
 TEST(Numbers, LeadingNumber_MoreThan32Bits_IsInfinite) { EXPECT_TRUE(std::isinf(text::LeadingNumber("&H123456789"))); }
 
 TEST(Numbers, LeadingNumber_AHugeExponentThatZerosMakeUpFor_StaysFinite)

@@ -133,6 +133,34 @@ TEST_F(AnimationTest, AStoppedAnimation_LeavesByItsExitFrames)
     EXPECT_TRUE(host.RunUntilIdle());
 }
 
+TEST_F(AnimationTest, AStoppedAnimation_LeavesItsPresentFrameAtOnce)
+{
+    LoadShown();
+    bot->Play("Processing");
+    host.Advance(50);
+    EXPECT_EQ(Pixel(), Green);
+    bot->StopAll(std::nullopt);
+    host.Advance(0);
+    EXPECT_EQ(Pixel(), Red);
+}
+
+TEST_F(AnimationTest, AnAnimationLeftInTheMiddle_PlaysItsReturnAnimationBeforeTheNext)
+{
+    engine::Character character = Make();
+    for (engine::State& state : character.states)
+        if (state.name == "IDLINGLEVEL1")
+            state.animations = {"Read"};
+    LoadShown(std::move(character));
+    bot->SetIdleOn(true);
+    host.Advance(5000);
+    EXPECT_EQ(Pixel(), Green);
+    bot->Play("Greet");
+    host.Advance(0);
+    EXPECT_EQ(Pixel(), Green);  // The rest of Read.
+    host.Advance(150);
+    EXPECT_EQ(Pixel(), Blue);  // ReadReturn.
+}
+
 TEST_F(AnimationTest, ANewRequest_WaitsForTheExit)
 {
     LoadShown();

@@ -367,3 +367,21 @@ TEST_F(BalloonTest, TheFontOfTheFile_IsAtLeastFourPixelsHigh)
         control.reset();
     }
 }
+
+TEST_F(BalloonTest, TheText_LiesInTheMiddleOfTheBody)
+{
+    LoadStyled(TwoLinesOfTen | On);
+    Say("Hello");
+    const engine::BalloonPicture& picture = host.Balloon().picture;
+    EXPECT_EQ(picture.textArea.left - picture.body.left, picture.body.Right() - picture.textArea.Right());
+    EXPECT_EQ(picture.textArea.top - picture.body.top, picture.body.Bottom() - picture.textArea.Bottom());
+}
+
+TEST_F(BalloonTest, SetFontSize_AtTheEdgesOfItsRange_IsTaken)
+{
+    Load();
+    for (const std::int32_t points : {1, 2160}) {
+        bot->Balloon()->SetFontSize(points);
+        EXPECT_EQ(bot->Balloon()->FontSize(), points);
+    }
+}

@@ -216,3 +216,13 @@ TEST_F(ControlTest, SetEvents_ToNull_SilencesWhatWasPostedBefore)
     host.RunUntilIdle();
     EXPECT_EQ(journal.lines, Lines{});
 }
+
+TEST_F(ControlTest, Characters_WhenTheEngineHasGone_Fail)
+{
+    Load();
+    const auto characters = control->Characters();
+    bot.reset();
+    control.reset();
+    EXPECT_EQ(FailureOf([&] { characters->Character("Bot"); }), code::NotConnected);
+    EXPECT_EQ(FailureOf([&] { characters->Unload("Bot"); }), code::NotConnected);
+}

@@ -194,3 +194,11 @@ TEST_F(MouseTest, AnotherButtonReleased_EndsNoDrag)
     host.Window().mouse->Move(1, 0, {460, 400});
     EXPECT_EQ(host.Window().place.left, 460);
 }
+
+TEST_F(MouseTest, ADoublePress_BeginsADragToo)
+{
+    LoadShown();
+    host.Window().mouse->DoublePress(1, 0, {401, 402});
+    host.Window().mouse->Move(1, 0, {451, 402});
+    EXPECT_EQ(host.Window().place.left, 450);
+}

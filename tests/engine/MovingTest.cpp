@@ -175,3 +175,21 @@ TEST_F(MovingTest, MoveTo_OffTheScreen_IsAllowed)
     bot->MoveTo(-2, 5000, 0);
     EXPECT_EQ(bot->Top(), 5000);
 }
+
+TEST_F(MovingTest, MoveTo_AsFarSidewaysAsDown_WalksSideways)
+{
+    LoadMoving("MOVINGLEFT");
+    bot->MoveTo(450, 450, 1000);
+    EXPECT_EQ(Pixel(), Green);
+}
+
+TEST_F(MovingTest, MoveTo_SlidesInFiftyStepsASecond)
+{
+    LoadShown();
+    bot->MoveTo(600, 400, 1000);
+    host.Advance(100);
+    const std::uint64_t before = host.time.CallsMade();
+    host.Advance(900);
+    EXPECT_GE(host.time.CallsMade() - before, 44u);
+    EXPECT_LE(host.time.CallsMade() - before, 50u);
+}

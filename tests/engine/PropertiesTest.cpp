@@ -127,6 +127,13 @@ TEST_F(PropertiesTest, TTSModeID_WithoutAnyVoice_IsEmpty)
     EXPECT_EQ(bot->TTSModeID(), "");
 }
 
+TEST_F(PropertiesTest, TTSModeID_OfASynthesizerWithoutVoices_IsEmpty)
+{
+    host.synthesizer.voices.clear();
+    Load();
+    EXPECT_EQ(bot->TTSModeID(), "");
+}
+
 TEST_F(PropertiesTest, SetTTSModeID_IgnoresBracesAndLetterCase)
 {
     Load();

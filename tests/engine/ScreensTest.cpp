@@ -68,6 +68,13 @@ TEST_F(ScreensTest, Unplugged_WithMoreThanHalfInSight_LeavesTheCharacterAlone)
     EXPECT_EQ(bot->Left(), 974);
 }
 
+TEST_F(ScreensTest, Unplugged_WithHalfInSightAtTheBottom_LeavesTheCharacterAlone)
+{
+    LoadOn(300, 718);
+    Unplug();
+    EXPECT_EQ(bot->Top(), 718);
+}
+
 TEST_F(ScreensTest, Unplugged_WhileSlidingThere_EndsInSight)
 {
     LoadOn(100, 400);

@@ -1,6 +1,6 @@
 #include "EngineTest.h"
-#include <ctime>
 #include <cstdio>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 

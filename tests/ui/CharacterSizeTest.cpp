@@ -205,6 +205,15 @@ TEST_F(CharacterSize, txtSize_Commit_OfAZero_AppliesTheOtherBoxOnly)
     ExpectKept(128, 96);
 }
 
+TEST_F(CharacterSize, txtSize_Commit_OfOnePixel_IsTaken)
+{
+    LoadWithCustomSize();
+    Type(0, "1");
+    Type(1, "1");
+    ExpectSize(1, 1);
+    ExpectKept(1, 1);
+}
+
 TEST_F(CharacterSize, txtSize_Commit_OfAZeroHeight_AppliesTheWidthOnly)
 {
     LoadWithCustomSize();

@@ -1,6 +1,7 @@
 #include "engine/files/AcsWriter.h"
 #include "engine/files/FileParts.h"
 #include "engine/files/Rich.h"
+#include <bit>
 #include <random>
 
 using namespace engine;
@@ -345,4 +346,23 @@ TEST(WriteCharacterFile, AFrameSizeOutOfRange_IsRefused)
     pip.frameSize = {0, 3};
 
     EXPECT_EQ(FaultOf(pip), "The character cannot be written: the size of its frame is out of range.");
+}
+
+TEST(WriteCharacterFile, EachSwitchOfTheBalloon_IsABitOfItsOwn)
+{
+    const auto bitsOf = [](void (*change)(BalloonLook&)) {
+        Character pip = Pip();
+        pip.balloon = BalloonLook{};
+        pip.balloon->sizeToText = pip.balloon->autoHide = pip.balloon->autoPace = false;
+        const Bytes before = WriteCharacterFile(pip);
+        change(*pip.balloon);
+        const Bytes after = WriteCharacterFile(pip);
+        int bits = 0;
+        for (std::size_t i = 0; i < before.size(); ++i)
+            bits += std::popcount(static_cast<unsigned>(before[i] ^ after.at(i)));
+        return bits;
+    };
+    EXPECT_EQ(bitsOf([](BalloonLook& look) { look.sizeToText = true; }), 1);
+    EXPECT_EQ(bitsOf([](BalloonLook& look) { look.autoHide = true; }), 1);
+    EXPECT_EQ(bitsOf([](BalloonLook& look) { look.autoPace = true; }), 1);
 }

@@ -120,6 +120,11 @@ TEST_F(CharacterFolders, Load_ANameOutsideAscii_IsFoundInOtherLetterCase)
 
 TEST_F(CharacterFolders, Load_AMissingName_IsNotFound) { EXPECT_EQ(Loaded("Robby.acs"), NotFound); }
 
+TEST_F(CharacterFolders, Load_AMissingName_SaysWhichFileItMisses)
+{
+    EXPECT_EQ(RefusalText("Robby.acs"), "The character file \"Robby.acs\" cannot be found.");
+}
+
 TEST_F(CharacterFolders, Load_AnEmptyName_IsNotFound) { EXPECT_EQ(Loaded(""), NotFound); }
 
 TEST_F(CharacterFolders, Load_TheNameOfAFolder_IsNotFound)

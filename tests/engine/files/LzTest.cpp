@@ -111,6 +111,18 @@ TEST(Compress, ACopyAtEachEdgeOfADistanceClass_ComesBack)
     }
 }
 
+TEST(Compress, SamplesOfManyCopies_AreNotPackedWorseThanEver)
+{
+    std::size_t quick = 0, thorough = 0;
+    for (unsigned seed = 0; seed < 20; ++seed) {
+        const Bytes plain = Noise(3000, seed, 6);
+        quick += Compress(plain, Effort::Quick).size();
+        thorough += Compress(plain, Effort::Thorough).size();
+    }
+    EXPECT_LE(quick, 29229U);
+    EXPECT_LE(thorough, 23756U);
+}
+
 TEST(Compress, TheFarthestDistance_IsStillACopy)
 {
     constexpr std::size_t Farthest = 4673 + (1U << 20) - 2;
