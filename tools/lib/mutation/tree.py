@@ -71,6 +71,7 @@ class Tree:
             wanted.add(target)
             if file.relative_to(self.root).as_posix() not in written_elsewhere:
                 write_if_changed(target, file.read_bytes())
+                target.chmod(file.stat().st_mode)  # Scripts are run there.
         for target in files_below(self.folder, part):
             if target not in wanted:
                 target.unlink()
