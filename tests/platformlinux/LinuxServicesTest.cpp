@@ -554,6 +554,37 @@ TEST(LinuxEventPump, RunPendingEvents_PostedCall_Runs)
     EXPECT_TRUE(ran);
 }
 
+TEST(LinuxEventPump, CallLater_ComesOnceAsAnEvent)
+{
+    CLinuxEventPump pump;
+    int calls = 0;
+    pump.CallLater(0, [&] { ++calls; });
+    EXPECT_EQ(calls, 0);
+    pump.RunPendingEvents();
+    pump.RunPendingEvents();
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(LinuxEventPump, CallLater_ATime_ComesAfterIt)
+{
+    CLinuxEventPump pump;
+    QElapsedTimer time;
+    time.start();
+    qint64 came = 0;
+    pump.CallLater(50, [&] { came = time.elapsed(); });
+    while (came == 0 && time.elapsed() < 5000)
+        pump.WaitForEvents(10);
+    EXPECT_GE(came, 45);
+}
+
+TEST(LinuxEventPump, CallLater_ThePumpIsGone_NeverComes)
+{
+    bool came = false;
+    CLinuxEventPump().CallLater(0, [&] { came = true; });
+    CLinuxEventPump().RunPendingEvents();
+    EXPECT_FALSE(came);
+}
+
 class LinuxTrayIcon : public testing::Test {
 protected:
     void Add()

@@ -338,6 +338,48 @@ TEST_F(Pump, WaitForEvents_NothingHappens_ReturnsAfterTheTime)
     pump.WaitForEvents(-1);  // Not for ever.
 }
 
+TEST_F(Pump, CallLater_ComesOnceAsAnEvent)
+{
+    int calls = 0;
+    pump.CallLater(0, [&] { ++calls; });
+    EXPECT_EQ(calls, 0);
+    EXPECT_TRUE(RunUntil([&] { return calls > 0; }));
+    RunUntil([] { return false; }, 50);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST_F(Pump, CallLater_TheEarlierOneComesFirst)
+{
+    pump.CallLater(200, [&] { got.push_back(2); });
+    pump.CallLater(0, [&] { got.push_back(1); });
+    EXPECT_TRUE(RunUntil([&] { return got.size() == 2; }));
+    EXPECT_EQ(got, (std::vector<int>{1, 2}));
+}
+
+TEST_F(Pump, CallLater_AgainFromInside_ComesAgain)
+{
+    pump.CallLater(0, [&] { pump.CallLater(0, [&] { got.push_back(1); }); });
+    EXPECT_TRUE(RunUntil([&] { return !got.empty(); }));
+}
+
+TEST_F(Pump, CallLater_WhileAMessageBoxStands_Comes)
+{
+    const CDialogAnswers answers({[&](HWND dialog) { return !got.empty() && Press(IDOK)(dialog); }});
+    pump.CallLater(0, [&] { got.push_back(1); });
+    MessageBoxW(nullptr, L"text", L"title", MB_OK);
+    EXPECT_EQ(got, std::vector<int>{1});
+}
+
+TEST_F(Pump, CallLater_ThePumpIsGone_NeverComes)
+{
+    {
+        CWindowsEventPump other;
+        other.CallLater(0, [&] { got.push_back(1); });
+    }
+    RunUntil([] { return false; }, 100);
+    EXPECT_TRUE(got.empty());
+}
+
 TEST_F(Pump, RunPendingEvents_KeysBecomeLetters)
 {
     std::vector<wchar_t> letters;

@@ -111,6 +111,21 @@ void CEventPump::WaitForEvents(std::int32_t milliseconds)
     RunDue();
 }
 
+void CEventPump::Pass(std::int64_t milliseconds)
+{
+    for (std::int64_t passed = 0; passed < milliseconds; ++passed) {
+        RunDue();
+        ++m_now;
+        m_clock.Advance(1);
+    }
+    RunDue();
+}
+
+void CEventPump::CallLater(std::int32_t milliseconds, std::function<void()> call)
+{
+    m_later.emplace(m_now + milliseconds, std::move(call));
+}
+
 void CEventPump::AtYield(std::size_t yield, std::function<void()> event)
 {
     m_atYield.emplace(m_yields + yield, std::move(event));
@@ -128,9 +143,15 @@ void CEventPump::RunDue()
         m_atYield.erase(m_atYield.begin());
         event();
     }
-    while (!m_atTime.empty() && m_atTime.begin()->first <= m_now) {
-        const std::function<void()> event = std::move(m_atTime.begin()->second);
-        m_atTime.erase(m_atTime.begin());
+    RunDueOf(m_atTime);
+    RunDueOf(m_later);
+}
+
+void CEventPump::RunDueOf(std::multimap<std::int64_t, std::function<void()>>& events)
+{
+    while (!events.empty() && events.begin()->first <= m_now) {
+        const std::function<void()> event = std::move(events.begin()->second);
+        events.erase(events.begin());
         event();
     }
 }

@@ -69,11 +69,14 @@ public:
     CEventPump(CJournal& journal, CClock& clock) : m_journal(journal), m_clock(clock) {}
     void RunPendingEvents() override;
     void WaitForEvents(std::int32_t milliseconds) override;  // Advances the clock.
+    // Not noted, for it asks nothing of the system that could fail; and no wait is shorter for it.
+    void CallLater(std::int32_t milliseconds, std::function<void()> call) override;
 
     // For tests. `yield` counts from now; 1 is the next one. An event runs once.
     void AtYield(std::size_t yield, std::function<void()> event);
     void After(std::int64_t milliseconds, std::function<void()> event);
     std::size_t Yields() const { return m_yields; }
+    void Pass(std::int64_t milliseconds);  // The program is idle meanwhile: events that come due happen.
     // Called with the milliseconds that pass, so that other virtual times keep step.
     std::function<void(std::int32_t)> onTimePasses;
     // Called at each yield, before the scripted events.
@@ -81,12 +84,14 @@ public:
 
 private:
     void RunDue();
+    void RunDueOf(std::multimap<std::int64_t, std::function<void()>>& events);
     CJournal& m_journal;
     CClock& m_clock;
     std::size_t m_yields = 0;
     std::int64_t m_now = 0;
     std::multimap<std::size_t, std::function<void()>> m_atYield;
     std::multimap<std::int64_t, std::function<void()>> m_atTime;
+    std::multimap<std::int64_t, std::function<void()>> m_later;
 };
 
 }

@@ -53,6 +53,11 @@ void CLinuxEventPump::WaitForEvents(std::int32_t milliseconds)
     QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents);
 }
 
+void CLinuxEventPump::CallLater(std::int32_t milliseconds, std::function<void()> call)
+{
+    QTimer::singleShot(milliseconds, &m_owner, std::move(call));
+}
+
 void CLinuxFonts::EnumerateFamilies(const std::function<std::int32_t(std::string_view faceName)>& family) const
 {
     for (const QString& name : QFontDatabase::families()) {

@@ -6,6 +6,7 @@
 #include "platform/Program.h"
 #include "platform/RandomNumbers.h"
 #include "platform/Screen.h"
+#include <QObject>
 #include <functional>
 #include <random>
 
@@ -22,6 +23,10 @@ class CLinuxEventPump final : public IEventPump {
 public:
     void RunPendingEvents() override;
     void WaitForEvents(std::int32_t milliseconds) override;
+    void CallLater(std::int32_t milliseconds, std::function<void()> call) override;
+
+private:
+    QObject m_owner;  // Calls that are due go with it.
 };
 
 class CLinuxFonts final : public IFonts {

@@ -1,9 +1,25 @@
 #include "platform/windows/WindowsEventPump.h"
+#include <map>
+#include <utility>
 
 namespace platform::windowsdesktop {
 namespace {
 // A window that posts to itself without end, or a program that floods ours, must not keep the caller for ever.
 constexpr int MostMessages = 10000;
+
+// Of this thread, by the number of their timer.
+std::map<UINT_PTR, std::function<void()>>& CallsDue()
+{
+    static std::map<UINT_PTR, std::function<void()>> calls;
+    return calls;
+}
+
+void CALLBACK MakeCall(HWND, UINT, UINT_PTR timer, DWORD) noexcept
+{
+    KillTimer(nullptr, timer);
+    if (const auto due = CallsDue().extract(timer))
+        due.mapped()();
+}
 }
 
 void CWindowsEventPump::Dispatch(MSG& message) const
@@ -22,6 +38,19 @@ void CWindowsEventPump::RunPendingEvents()
             return PostQuitMessage(static_cast<int>(message.wParam));
         Dispatch(message);
     }
+}
+
+CWindowsEventPump::~CWindowsEventPump()
+{
+    for (const auto& [timer, call] : std::exchange(CallsDue(), {}))
+        KillTimer(nullptr, timer);
+}
+
+void CWindowsEventPump::CallLater(std::int32_t milliseconds, std::function<void()> call)
+{
+    const UINT_PTR timer = SetTimer(nullptr, 0, static_cast<UINT>(milliseconds), MakeCall);
+    if (timer != 0)
+        CallsDue()[timer] = std::move(call);
 }
 
 void CWindowsEventPump::WaitForEvents(std::int32_t milliseconds)
