@@ -21,6 +21,7 @@ class IRegistry;
 class IScreen;
 class IShell;
 class ISpeechEngines;
+class IStateFile;
 class ITrayIcon;
 
 // Everything that the program needs from a system. The entry point of each system builds one and hands it over; include
@@ -45,6 +46,7 @@ struct CPlatform {
     IScreen& screen;
     IShell& shell;
     ISpeechEngines& speechEngines;
+    IStateFile& stateFile;
     ITrayIcon& trayIcon;
 };
 

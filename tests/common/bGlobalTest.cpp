@@ -101,7 +101,8 @@ platform::CPlatform WithScreen(platform::IScreen& screen)
     return {now.characterEngines, now.clipboard, now.clock,   now.environment,   now.events,
             now.fileDialogs,      now.files,     now.fonts,   now.keptTexts,     now.locale,
             now.messageBoxes,     now.office,    now.profile, now.program,       now.random,
-            now.registry,         screen,        now.shell,   now.speechEngines, now.trayIcon};
+            now.registry,         screen,        now.shell,   now.speechEngines, now.stateFile,
+            now.trayIcon};
 }
 
 }

@@ -243,7 +243,8 @@ TEST_F(bClipboardTest, SetClipboardMonitor_FromInsideItself_ChangesNothing)
     const platform::CPlatform platform{now.characterEngines, clipboard,  now.clock,   now.environment,   now.events,
                                        now.fileDialogs,      now.files,  now.fonts,   now.keptTexts,     now.locale,
                                        now.messageBoxes,     now.office, now.profile, now.program,       now.random,
-                                       now.registry,         now.screen, now.shell,   now.speechEngines, now.trayIcon};
+                                       now.registry,         now.screen, now.shell,   now.speechEngines, now.stateFile,
+                                       now.trayIcon};
     const platform::CPlatformInUse inUse(platform);
 
     SetClipboardMonitor(true);

@@ -200,7 +200,8 @@ protected:
                                  now.events,           now.fileDialogs, now.files,         now.fonts,
                                  now.keptTexts,        now.locale,      now.messageBoxes,  now.office,
                                  now.profile,          now.program,     now.random,        registry,
-                                 now.screen,           now.shell,       now.speechEngines, now.trayIcon};
+                                 now.screen,           now.shell,       now.speechEngines, now.stateFile,
+                                 now.trayIcon};
     platform::CPlatformInUse inUse{platform};
 };
 

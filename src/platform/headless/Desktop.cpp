@@ -6,7 +6,7 @@ CHeadlessDesktop::CHeadlessDesktop() : CHeadlessDesktop(engine) {}
 CHeadlessDesktop::CHeadlessDesktop(platform::ICharacterEngineFactory& characterEngines)
     : m_platform{characterEngines, clipboard, clock,         environment, events,  fileDialogs, files,  fonts,
                  keptTexts,        locale,    messageBoxes,  office,      profile, program,     random, registry,
-                 screen,           shell,     speechEngines, trayIcon},
+                 screen,           shell,     speechEngines, stateFile,   trayIcon},
       m_inUse(m_platform)
 {
     common::RenewProgramState();

@@ -7,6 +7,7 @@
 #include "platform/headless/Journal.h"
 #include "platform/headless/KeptTexts.h"
 #include "platform/headless/Registry.h"
+#include "platform/headless/StateFile.h"
 #include "platform/headless/Time.h"
 #include <memory>
 
@@ -39,6 +40,7 @@ public:
     platform::headless::CTrayIcon trayIcon{journal};
     platform::headless::COfficeApplications office{journal};
     platform::headless::CSpeechEngines speechEngines{journal};
+    platform::headless::CStateFile stateFile;
     platform::headless::CFonts fonts{journal};
     platform::headless::CProgram program{journal};
     platform::headless::CEngine engine{journal};

@@ -1,4 +1,5 @@
 #include "platform/linux/LinuxDesktop.h"
+#include "base/text/CheckSum.h"
 #include "platform/FirstStart.h"
 #include "platform/linux/FirstStart.h"
 #include "platform/linux/UserFolders.h"
@@ -19,6 +20,12 @@ std::string LoadedFolder()
 
 std::string AutostartFile() { return ConfigurationFolder() + "/autostart/parlune.desktop"; }
 
+// The state folder may be shared by settings in several places.
+std::string OptionsJournalFile()
+{
+    return StateFolder() + "/options-" + ::text::Hexadecimal(::text::CheckSum(RegistryFile())) + ".journal";
+}
+
 std::string CharacterFolder(const IFiles& files)
 {
     return files.WindowsFolder(std::numeric_limits<std::size_t>::max()) + "/MSAgent/Chars";
@@ -34,7 +41,11 @@ std::string BundledCharacters(const IFiles& files)
 
 CLinuxDesktop::CLinuxDesktop(const DesktopSettings& settings)
     : m_keptTexts(m_files, KeptTextsFolder()), m_registry(RegistryFile(), CAutostart(AutostartFile(), ProgramFile())),
-      m_environment(settings.commandLine), m_program([this] { FlushStores(); }),
+      m_environment(settings.commandLine), m_program([this] {
+          FlushStores();
+          m_stateFile.Finish();
+      }),
+      m_stateFile(OptionsJournalFile(), [this] { return m_registry.Flush(); }),
       m_engine(CreateDesktopEngine({.sound = settings.sound,
                                     .characterFolder = CharacterFolder(m_files),
                                     .bundledFolder = BundledCharacters(m_files),
@@ -59,6 +70,7 @@ CLinuxDesktop::CLinuxDesktop(const DesktopSettings& settings)
                  .screen = m_screen,
                  .shell = m_shell,
                  .speechEngines = m_engine->Voices(),
+                 .stateFile = m_stateFile,
                  .trayIcon = m_trayIcon}
 {
     m_flush.setSingleShot(true);

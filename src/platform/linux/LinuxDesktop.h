@@ -12,6 +12,7 @@
 #include "platform/linux/LinuxRegistry.h"
 #include "platform/linux/LinuxServices.h"
 #include "platform/linux/LinuxShell.h"
+#include "platform/linux/LinuxStateFile.h"
 #include "platform/linux/LinuxTrayIcon.h"
 #include <QTimer>
 
@@ -30,6 +31,7 @@ public:
     const CPlatform& Platform() const { return m_platform; }
     CLinuxTrayIcon& TrayIcon() { return m_trayIcon; }
     void FlushStores() { m_registry.Flush(); }
+    CLinuxStateFile& StateFile() { return m_stateFile; }
 
 private:
     void PrepareFirstStart();
@@ -51,6 +53,7 @@ private:
     CLinuxRandomNumbers m_random;
     CLinuxScreen m_screen;
     CLinuxShell m_shell;
+    CLinuxStateFile m_stateFile;
     CLinuxTrayIcon m_trayIcon;
     std::unique_ptr<IDesktopEngine> m_engine;
     QTimer m_flush;  // At the end of the event-loop turn in which something was stored.

@@ -1,6 +1,7 @@
 #include "platform/windows/SystemPaths.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/Win32.h"
+#include "platform/windows/WindowsEnvironment.h"
 
 namespace platform::windowsdesktop {
 namespace {
@@ -28,6 +29,27 @@ std::wstring ShortPath(const std::wstring& path)
     shortPath.resize(length);
     return shortPath;
 }
+
+bool IsFolder(const std::wstring& path)
+{
+    const DWORD attributes = GetFileAttributesW(path.c_str());
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+}
+
+std::string StateFolder()
+{
+    const std::string data = CWindowsEnvironment().Variable("APPDATA");
+    return data.empty() ? "" : data + (data.ends_with('\\') ? "" : "\\") + "Tarrowind\\Parlune";
+}
+
+bool MakeFolders(const std::wstring& path)
+{
+    if (path.empty() || IsFolder(path))
+        return !path.empty();
+    const std::size_t separator = path.rfind(L'\\');
+    return separator != std::wstring::npos && MakeFolders(path.substr(0, separator)) &&
+           CreateDirectoryW(path.c_str(), nullptr) != 0;
 }
 
 CFailure FailureOfError(std::uint32_t error)

@@ -20,6 +20,13 @@ std::wstring WithoutLengthLimit(const std::wstring& absolute);
 // The folder of an absolute path, with its separator at the end.
 std::wstring FolderOf(const std::wstring& absolute);
 
+// Creates a folder and every missing one above it. True when it is there afterwards; false for "".
+bool MakeFolders(const std::wstring& path);
+
+// Parlune's own folder for what a run leaves to the next, beside the settings. No separator at the end; "" where the system
+// knows no such place.
+std::string StateFolder();
+
 // An existing path for an ANSI call.
 std::string AnsiPath(const std::wstring& path);
 

@@ -22,6 +22,7 @@ CWindowsDesktop::CWindowsDesktop()
                  .screen = m_screen,
                  .shell = m_shell,
                  .speechEngines = m_speechEngines,
+                 .stateFile = m_stateFile,
                  .trayIcon = m_trayIcon}
 {
 }

@@ -1,5 +1,6 @@
 #pragma once
 #include "platform/Platform.h"
+#include "platform/windows/SystemPaths.h"
 #include "platform/windows/WindowsClipboard.h"
 #include "platform/windows/WindowsClock.h"
 #include "platform/windows/WindowsEnvironment.h"
@@ -16,6 +17,7 @@
 #include "platform/windows/WindowsRegistry.h"
 #include "platform/windows/WindowsScreen.h"
 #include "platform/windows/WindowsShell.h"
+#include "platform/windows/WindowsStateFile.h"
 #include "platform/windows/WindowsTrayIcon.h"
 #include "platform/windows/com/AgentControl.h"
 #include "platform/windows/com/Apartment.h"
@@ -54,12 +56,13 @@ private:
     CWindowsMessageBoxes m_messageBoxes;
     CComOffice m_office;
     CWindowsProfile m_profile;
-    CWindowsProgram m_program;
+    CWindowsProgram m_program{[this] { m_stateFile.Finish(); }};
     CWindowsRandomNumbers m_random;
     CWindowsRegistry m_registry;
     CWindowsScreen m_screen;
     CWindowsShell m_shell;
     CSapiSpeechEngines m_speechEngines;
+    CWindowsStateFile m_stateFile{StateFolder()};
     CWindowsTrayIcon m_trayIcon;
     CPlatform m_platform;
 };

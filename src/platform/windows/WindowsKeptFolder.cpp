@@ -2,7 +2,6 @@
 #include "platform/windows/SystemPaths.h"
 #include "platform/windows/Text.h"
 #include "platform/windows/WholeFile.h"
-#include "platform/windows/WindowsEnvironment.h"
 #include <atomic>
 
 namespace platform::windowsdesktop {
@@ -15,22 +14,6 @@ std::string NewName()
     return HalfMade + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++number);
 }
 
-bool IsFolder(const std::wstring& path)
-{
-    const DWORD attributes = GetFileAttributesW(path.c_str());
-    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
-
-// With what is missing above it.
-bool MakeFolders(const std::wstring& path)
-{
-    if (path.empty() || IsFolder(path))
-        return !path.empty();
-    const std::size_t separator = path.rfind(L'\\');
-    return separator != std::wstring::npos && MakeFolders(path.substr(0, separator)) &&
-           CreateDirectoryW(path.c_str(), nullptr) != 0;
-}
-
 // Nobody else may open the file until it is complete.
 bool WriteNew(const std::wstring& path, std::string_view bytes)
 {
@@ -41,8 +24,8 @@ bool WriteNew(const std::wstring& path, std::string_view bytes)
 
 std::string KeptTextsFolder()
 {
-    const std::string data = CWindowsEnvironment().Variable("APPDATA");
-    return data.empty() ? "" : data + (data.ends_with('\\') ? "" : "\\") + "Tarrowind\\Parlune\\texts";
+    const std::string folder = StateFolder();
+    return folder.empty() ? "" : folder + "\\texts";
 }
 
 std::wstring CWindowsKeptFolder::WidePath(const std::string& name) const { return WithoutLengthLimit(ToWide(PathOf(name))); }

@@ -7,6 +7,8 @@ namespace platform::windowsdesktop {
 // Libraries are not told: one that waits for another thread at its end would keep the process.
 void CWindowsProgram::End()
 {
+    if (m_lastWords)
+        m_lastWords();
     TerminateProcess(GetCurrentProcess(), 0);
     std::abort();
 }
