@@ -13,9 +13,6 @@ std::string Default(const ui::CCheckBox& box) { return box.Ticked() ? "1" : "0";
 std::string Default(const ui::CTextBox& box) { return box.Text(); }
 std::string Default(const ui::CComboBox& list) { return list.Text(); }
 
-constexpr bool IsTruthValue(const ui::CCheckBox&) { return true; }
-constexpr bool IsTruthValue(const ui::CControl&) { return false; }
-
 void Show(ui::CCheckBox& box, const std::string& value) { box.SetValue(value == "1" ? 1 : 0); }
 void Show(ui::CTextBox& box, const std::string& value) { box.SetText(value); }
 void Show(ui::CComboBox& list, const std::string& value) { list.SetText(value); }
@@ -28,14 +25,16 @@ void LoadControl(frmParlune& window, const ControlOption& option)
         [&](auto member) {
             auto& control = window.*member;
             const std::string defaultValue = option.defaultValue != nullptr ? option.defaultValue : Default(control);
-            Show(control, bOptions::GetOption(option.key, defaultValue, IsTruthValue(control)));
+            Show(control, bOptions::GetOption(option.key, defaultValue, IsTruthValue(option.control)));
         },
         option.control);
 }
 
-void SaveControl(frmParlune& window, const ControlOption& option)
+std::string ShownOption(const frmParlune& window, const OptionControl& control)
 {
-    std::visit([&](auto member) { bOptions::SetOption(option.key, Shown(window.*member)); }, option.control);
+    return std::visit([&](auto member) { return Shown(window.*member); }, control);
 }
+
+bool IsTruthValue(const OptionControl& control) { return std::holds_alternative<ui::CCheckBox frmParlune::*>(control); }
 
 }

@@ -15,7 +15,9 @@ struct ControlOption {
 
 // Loads an option into its control; truth values that are neither "0" nor "1" count as missing.
 void LoadControl(frmParlune& window, const ControlOption& option);
-// Writes the option that a control shows.
-void SaveControl(frmParlune& window, const ControlOption& option);
+// The option that a control shows, as it is written.
+std::string ShownOption(const frmParlune& window, const OptionControl& control);
+// Whether a box holds the option: then it is a truth value.
+bool IsTruthValue(const OptionControl& control);
 
 }

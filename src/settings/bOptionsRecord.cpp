@@ -2,14 +2,16 @@
 #include "common/Numbers.h"
 #include "common/bGlobal.h"
 #include "common/zbErrorTrap.h"
+#include "settings/OptionTables.h"
 #include "settings/OptionsRecord.h"
+#include "settings/SavedOptions.h"
 #include "settings/bOptions.h"
-#include "settings/bOptionsControls.h"
 #include "settings/zbRegistry.h"
 #include "ui/EditorDocument.h"
 
 namespace {
 
+using namespace settings::tables;
 using settings::ControlOption;
 using settings::OptionsRecord;
 using zbErrorTrap::CGuard;
@@ -18,27 +20,7 @@ constexpr char Module[] = "bOptions";
 constexpr char BrowserEntry[] = "Software\\Microsoft\\Internet Explorer\\MenuExt\\Read with Parlune";
 constexpr char DefaultInterval[] = "30";  // Minutes.
 
-constexpr ControlOption CustomSize{"CharSize", &frmParlune::chkCustomSize};
-constexpr ControlOption UserName{"UserName", &frmParlune::txtUserName};
-constexpr ControlOption MonitorClipboard{"MonitorClipboard", &frmParlune::chkMonitorClipboard, "0"};
-
-// Loaded and saved in the same order.
-constexpr ControlOption Common[] = {
-    {"ShowIfHidden", &frmParlune::chkShowIfHidden},
-    {"SavePosOnClose", &frmParlune::chkSavePosOnClose},
-    {"StartWithWindows", &frmParlune::chkStartWithWindows},
-    {"StartUpHideInTray", &frmParlune::chkStartUpHideInTray},
-    {"IdleOn", &frmParlune::chkIdleOn},
-    {"SoundEffectsOn", &frmParlune::chkSoundEffectsOn},
-    {"ReadClipboardOnDblClick", &frmParlune::chkReadClipBoardOnDblClick},
-    {"QueueReadCommands", &frmParlune::chkQueueReadCommands},
-    {"ReadGreeting", &frmParlune::chkReadGreeting},
-    {"ShowSplash", &frmParlune::chkShowSplash},
-    {"MinimizeOnClose", &frmParlune::chkMinimizeOnClose},
-    {"TTSTestText", &frmParlune::txtTestText},
-};
-
-// What follows them, in the order of loading and in that of saving.
+// What follows the common ones in the order of loading.
 constexpr ControlOption LoadedLast[] = {
     {"PlayReadAnimation", &frmParlune::chkPlayReadAnimation},
     {"SayTime", &frmParlune::chkSayTime},
@@ -46,15 +28,6 @@ constexpr ControlOption LoadedLast[] = {
     {"SayTimeInterval", &frmParlune::cboSayTimeInterval, DefaultInterval},
     {"SayTimeFormat", &frmParlune::cboSayTimeFormat},
     {"SayTimeShowIfHidden", &frmParlune::chkSayTimeShowIfHidden},
-};
-constexpr ControlOption SavedLast[] = {
-    {"SayTime", &frmParlune::chkSayTime},
-    {"SayTimeInterval", &frmParlune::cboSayTimeInterval},
-    {"SayTimeText", &frmParlune::cboSayTime},
-    {"SayTimeFormat", &frmParlune::cboSayTimeFormat},
-    {"SayTimeShowIfHidden", &frmParlune::chkSayTimeShowIfHidden},
-    {"PlayReadAnimation", &frmParlune::chkPlayReadAnimation},
-    MonitorClipboard,
 };
 
 std::string NumberedKey(const char* key, std::size_t index) { return key + std::to_string(index + 1); }
@@ -68,12 +41,6 @@ template <std::size_t N> void LoadControls(const CGuard& guard, frmParlune& wind
 {
     for (const ControlOption& option : options)
         guard([&] { LoadControl(window, option); });
-}
-
-template <std::size_t N> void SaveControls(const CGuard& guard, frmParlune& window, const ControlOption (&options)[N])
-{
-    for (const ControlOption& option : options)
-        guard([&] { SaveControl(window, option); });
 }
 
 void LoadRecord(const CGuard& guard, OptionsRecord& record)
@@ -132,35 +99,19 @@ void LoadBrowserEntry(frmParlune& window)
     window.chkIEMenu.SetValue(page.empty() ? 0 : 1);
 }
 
-void SaveCharacter(const CGuard& guard, frmParlune& window, OptionsRecord& record)
+// Kept for the rest of this run only.
+void RememberPosition(const frmParlune& window, OptionsRecord& record)
 {
-    if (window.chkSavePosOnClose.Ticked()) {
-        zbErrorTrap::IgnoreFailure([&] { record.CharLeft = character::Current().Left(); });
-        zbErrorTrap::IgnoreFailure([&] { record.CharTop = character::Current().Top(); });
-    }
-    guard([&] { bOptions::SetOption("CharWidth", record.CharWidth); });
-    guard([&] { bOptions::SetOption("CharHeight", record.CharHeight); });
-    guard([&] { SaveControl(window, CustomSize); });
+    if (!window.chkSavePosOnClose.Ticked())
+        return;
+    zbErrorTrap::IgnoreFailure([&] { record.CharLeft = character::Current().Left(); });
+    zbErrorTrap::IgnoreFailure([&] { record.CharTop = character::Current().Top(); });
 }
 
-void SaveRecord(const CGuard& guard, frmParlune& window, const OptionsRecord& record)
+void Save(const settings::SavedOption& option)
 {
-    guard([&] { bOptions::SetOption("FirstTime", "0"); });
-    guard([&] { bOptions::SetOption("Character", record.Character); });
-    guard([&] { SaveControl(window, UserName); });
-    guard([&] { bOptions::SetOption("LastFolder", record.LastFolder); });
-    guard([&] { bOptions::SetOption("LastCharFolder", record.LastCharFolder); });
-}
-
-// Deliberate: a greeting that the user cleared keeps its stored text.
-void SaveGreetings(const CGuard& guard, frmParlune& window)
-{
-    for (std::size_t index = 0; index < std::size(window.txtGreeting); ++index) {
-        const std::string& greeting = window.txtGreeting[index].Text();
-        if (!greeting.empty())
-            guard([&] { bOptions::SetOption(NumberedKey("Greeting", index), greeting); });
-        guard([&] { bOptions::SetOption(NumberedKey("GreetingAnimation", index), window.cboAnim[index].Text()); });
-    }
+    if (option.IsWritten())
+        bOptions::SetOption(option.key, option.Value());
 }
 
 }
@@ -198,10 +149,6 @@ void bOptions::SetOptions()
 
     guard([&] { window.Load(); });
     if (character::State().loaded)
-        SaveCharacter(guard, window, record);
-    SaveRecord(guard, window, record);
-    SaveGreetings(guard, window);
-    SaveControls(guard, window, Common);
-    SaveControls(guard, window, SavedLast);
-    guard([] { SetOption("FileName", ui::Document().currentFile); });
+        RememberPosition(window, record);
+    settings::VisitSavedOptions([&](const settings::SavedOption& option) { guard([&] { Save(option); }); });
 }
