@@ -1,4 +1,10 @@
 #include "settings/OptionsRecord.h"
 #include "common/ProgramState.h"
+#include "settings/OptionsJournal.h"
 
-settings::OptionsRecord& settings::Options() { return common::StateOf<OptionsRecord>(); }
+// Who asks for the record may be about to change it.
+settings::OptionsRecord& settings::Options()
+{
+    optionsJournal::Hint();
+    return common::StateOf<OptionsRecord>();
+}

@@ -1,6 +1,7 @@
 #include "settings/bOptions.h"
 #include "character/CharacterState.h"
 #include "common/zbErrorTrap.h"
+#include "settings/OptionsJournal.h"
 #include "settings/Paths.h"
 #include "settings/zbProfile.h"
 #include "settings/zbRegistry.h"
@@ -43,6 +44,7 @@ std::string bOptions::GetOption(std::string_view name, std::string_view defaultV
         if (validate && !IsTruthText(value))
             value = defaultValue;
     });
+    optionsJournal::NoteStored(name, value);
     return value;
 }
 
@@ -55,8 +57,8 @@ void bOptions::SetOption(std::string_view name, std::string_view value)
     guard([&] { place = SplitOptionName(name); });
     guard([&] { current = zbRegistry::GetReg(Root::CurrentUser, place.path, place.valueName, ""); });
     guard([&] {
-        if (value != current)
-            zbRegistry::SetReg(Root::CurrentUser, place.path, place.valueName, std::string(value));
+        if (value == current || zbRegistry::SetReg(Root::CurrentUser, place.path, place.valueName, std::string(value)))
+            optionsJournal::NoteStored(name, value);
     });
 }
 

@@ -7,6 +7,7 @@
 #include "platform/EventPump.h"
 #include "platform/Platform.h"
 #include "reading/bClipboard.h"
+#include "settings/OptionsJournal.h"
 #include "settings/OptionsRecord.h"
 #include "settings/bOptions.h"
 #include "startup/bInit.h"
@@ -41,11 +42,11 @@ private:
 void LoadAndGreet(const CStartUp& step)
 {
     bool loaded = false;
-    if (MainWindow().chkStartUpHideInTray.Ticked()) {
+    if (MainWindow().chkStartUpHideInTray.Ticked())
         step([] { ui::RefreshMenu(/*shown*/ false); });
-        return;
-    }
-    step([&] { loaded = character::CharLoad(settings::Options().Character, /*show*/ true); });
+    else
+        step([&] { loaded = character::CharLoad(settings::Options().Character, /*show*/ true); });
+    step([] { optionsJournal::Begin(); });  // What the start itself has changed is nobody's choice.
     if (!loaded)
         return;
     step([] { Yield(); });
@@ -133,6 +134,7 @@ bool Form_QueryUnload(ui::UnloadMode mode)
 void Form_Unload()
 {
     bOptions::SetOptions();
+    optionsJournal::Close();
     zbSysTray::DeleteTrayIcon();
 }
 

@@ -11,6 +11,7 @@
 #include "platform/Platform.h"
 #include "platform/Program.h"
 #include "platform/SpeechEngines.h"
+#include "settings/OptionsJournal.h"
 #include "settings/bOptions.h"
 #include "settings/zbRegistry.h"
 #include "ui/frmParlune.h"
@@ -166,6 +167,7 @@ void Form_Load()
     CStart step;
     bool skipDetection = false;
 
+    step([] { optionsJournal::TakeOver(); });
     step([] {
         SplashWindow().lblVersion.SetCaption("Version " + std::to_string(version::Major) + "." +
                                              std::to_string(version::Minor));

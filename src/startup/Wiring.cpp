@@ -1,4 +1,5 @@
 #include "startup/Wiring.h"
+#include "settings/OptionsJournal.h"
 #include "startup/MainWindowLife.h"
 #include "startup/Splash.h"
 #include "startup/WiringParts.h"
@@ -24,6 +25,7 @@ void WireMainWindow()
     window.onResize = mainWindow::Form_Resize;
     window.onQueryUnload = mainWindow::Form_QueryUnload;
     window.onUnload = mainWindow::Form_Unload;
+    window.onControlChange = optionsJournal::Hint;
 }
 
 }

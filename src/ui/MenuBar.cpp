@@ -6,6 +6,7 @@
 #include "platform/Files.h"
 #include "platform/MessageBoxes.h"
 #include "platform/Platform.h"
+#include "settings/OptionsJournal.h"
 #include "settings/OptionsRecord.h"
 #include "settings/Paths.h"
 #include "settings/bOptions.h"
@@ -67,6 +68,7 @@ void menuBar::mnuFileResetDefaults_Click()
     if (!confirmed)
         return;
     PutSettingsFileAside();
+    optionsJournal::Forget();
     IgnoreFailure([] { zbRegistry::DelReg(zbRegistry::Root::CurrentUser, bOptions::OptionKey, ""); });
     settings::Options().Reset = true;
     IgnoreFailure([] { TellOfReset(); });

@@ -37,6 +37,14 @@ void CControl::Raise(const std::function<void()>& event)
     event();
 }
 
+void CControl::Changed() const
+{
+    Tell(m_peer);
+    TellForm();
+}
+
+void CControl::TellForm() const { Tell(m_form.onControlChange); }
+
 void CControl::SetFocus()
 {
     if (!m_enabled || !m_visible)

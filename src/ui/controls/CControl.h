@@ -36,11 +36,8 @@ public:
     void SetPeer(std::function<void()> changed) { m_peer = std::move(changed); }
 
 protected:
-    void Changed() const
-    {
-        if (m_peer)
-            m_peer();
-    }
+    void Changed() const;   // For the peer and the form.
+    void TellForm() const;  // The peer knows already.
     template <class T> void Change(T& field, T value)
     {
         if (field == value)
@@ -113,6 +110,7 @@ public:
     std::function<void(int button, int shift, float x, float y)> onMouseMove;
     std::function<bool(UnloadMode)> onQueryUnload;  // False: stay open.
     std::function<void()> onUnload;
+    std::function<void()> onControlChange;  // Something about a control has changed. Happens often.
 
     // What a native window mirrors.
     struct Peer {

@@ -64,6 +64,7 @@ void CTextBox::SetKeeper(Keeper keeper)
 void CTextBox::Edited()
 {
     Forget();
+    TellForm();
     Raise(onChange);
 }
 
