@@ -111,6 +111,44 @@ TEST_F(End, OfTheSessionTakenBack_LeavesTheProgramRunning)
     EXPECT_TRUE(parlune.IsRunning());
 }
 
+TEST_F(End, ByForceAfterAChange_TheNextStartHasIt)
+{
+    registry::PutOption("QueueReadCommands", "1");
+    BeginShown();
+    parlune.SetText("txtUserName", "Ann ä");
+    parlune.Click("chkQueueReadCommands");
+    const std::string journal = CParlune::DataFolder() + "Tarrowind\\Parlune\\Options.journal";
+    EXPECT_TRUE(Eventually([&] {
+        const std::string kept = Contents(journal);
+        return kept.find("UserNameAnn ä") != std::string::npos && kept.find("QueueReadCommands10") != std::string::npos;
+    }));
+    EXPECT_EQ(registry::Option("UserName"), "(none)");
+    parlune.Process().Kill();
+    EXPECT_FALSE(Contents(journal).empty());
+    Begin();
+    EXPECT_TRUE(Eventually([] { return registry::Option("UserName") == "Ann ä"; }));
+    EXPECT_TRUE(Eventually([] { return registry::Option("QueueReadCommands") == "0"; }));
+    EXPECT_EQ(parlune.Text("txtUserName"), "Ann ä");
+    parlune.End();
+
+    EXPECT_EQ(Contents(journal), "");
+}
+
+TEST_F(End, ByForceOfOneOfTwo_TheNextStartHasItsChange)
+{
+    CParlune other;
+    other.Start(" /NODETECT");
+    ASSERT_TRUE(Eventually([&] { return other.Main() != nullptr; }));
+    BeginShown();
+    parlune.SetText("txtUserName", "Ann");
+    const std::string journal = CParlune::DataFolder() + "Tarrowind\\Parlune\\Options-2.journal";
+    EXPECT_TRUE(Eventually([&] { return Contents(journal).find("UserNameAnn") != std::string::npos; }));
+    parlune.Process().Kill();
+    Begin();
+
+    EXPECT_TRUE(Eventually([] { return registry::Option("UserName") == "Ann"; }));
+}
+
 TEST_F(End, WithAModifiedDocument_SavesItSilently)
 {
     const std::string file = CParlune::DataFolder() + "letter.txt";
