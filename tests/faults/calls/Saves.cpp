@@ -5,6 +5,7 @@
 #include "platform/linux/LinuxFiles.h"
 #include "platform/linux/LinuxProfile.h"
 #include "platform/linux/LinuxRegistry.h"
+#include "platform/linux/LinuxStateFile.h"
 #include <cstdio>
 #include <sys/stat.h>
 #include <utility>
@@ -186,6 +187,24 @@ std::unique_ptr<ISave> LinkedText(const CTemporaryFolder& folder)
     return SaveText(folder.Path("letter.txt"));
 }
 
+std::unique_ptr<ISave> KeepChoices(const CTemporaryFolder& folder)
+{
+    const std::string file = folder.Path("state/options.journal");
+    return Save<CLinuxStateFile>(std::make_unique<CLinuxStateFile>(file, [] { return true; }),
+                                 [file](CLinuxStateFile& state) {
+                                     state.Keep("the user's choices");
+                                     state.Finish();
+                                     return ReadUnwatched(file) == "the user's choices";
+                                 });
+}
+
+std::unique_ptr<ISave> KeepOtherChoices(const CTemporaryFolder& folder)
+{
+    folder.Write("state/options.journal", "what was chosen before");
+    MakePrivate(folder, "state/options.journal");
+    return KeepChoices(folder);
+}
+
 std::unique_ptr<ISave> SaveEngineOptions(const CTemporaryFolder& folder)
 {
     return Save<CEngineSettingsFile>(std::make_unique<CEngineSettingsFile>(folder.Path("parlune/character-engine.txt")),
@@ -214,6 +233,8 @@ const std::vector<SaveKind>& AllSaves()
         {"NewText", NewText},
         {"ChangedText", ChangedText},
         {"LinkedText", LinkedText},
+        {"FirstChoices", KeepChoices},
+        {"OtherChoices", KeepOtherChoices},
         {"FirstEngineOptions", SaveEngineOptions},
         {"ChangedEngineOptions", ChangedEngineOptions},
     };
