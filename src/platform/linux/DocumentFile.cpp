@@ -1,13 +1,14 @@
 #include "platform/linux/DocumentFile.h"
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/NameBeside.h"
 #include "platform/linux/WholeFile.h"
 #include <cerrno>
 #include <climits>
-#include <cstdint>
 #include <cstdlib>
 #include <fcntl.h>
 #include <filesystem>
 #include <optional>
+#include <sys/file.h>
 #include <sys/stat.h>
 
 namespace platform::linuxdesktop {
@@ -82,15 +83,7 @@ int Look(const std::string& place, Former& former)
     return writable && ::access(place.c_str(), W_OK) == 0 ? 0 : EACCES;
 }
 
-// A name beside the file that no file has, hidden and telling whose it is.
-std::string NameBeside(const std::string& place)
-{
-    static std::uint32_t number = 0;
-    const std::string name = std::filesystem::path(place).filename().string().substr(0, 200);
-    return FolderOf(place) + "/." + name + "." + std::to_string(::getpid()) + "-" + std::to_string(++number) + ".parlune";
-}
-
-// A new file beside its place, removed again unless it is put there.
+// A new file beside its place, removed again unless it is put there. Locked, where the disk can, while it is written.
 class CFileBeside {
 public:
     explicit CFileBeside(const std::string& place) : m_name(NameBeside(place))
@@ -98,6 +91,10 @@ public:
         ::unlink(m_name.c_str());
         // A new document gets the mode that the user's own mask leaves.
         m_file.emplace(OpenFile(m_name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW, 0666));
+        const int error = errno;
+        if (m_file->Open())
+            ::flock(m_file->Get(), LOCK_EX | LOCK_NB);
+        errno = error;
     }
     ~CFileBeside() { ::unlink(m_name.c_str()); }
     CFileBeside(const CFileBeside&) = delete;
@@ -143,6 +140,7 @@ Outcome Replace(const std::string& place, const Former& former, const std::strin
         return former.exists ? Outcome::NotThisWay : Outcome::Failed;
     }
     SyncFolderOf(place);
+    RemoveLeftBeside(place);
     return Outcome::Done;
 }
 
