@@ -131,6 +131,37 @@ TEST(Window, LongerCaption_IsGivenItsRoom)
     EXPECT_EQ(Clipped(window), "");
 }
 
+// What happens to a widget.
+class CCount final : public QObject {
+public:
+    CCount(QWidget& widget, QEvent::Type type) : m_type(type) { widget.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        number += event->type() == m_type ? 1 : 0;
+        return false;
+    }
+    int number = 0;
+
+private:
+    QEvent::Type m_type;
+};
+
+TEST(Window, BroughtBackFromTheTaskBar_IsNotHiddenMeanwhile)
+{
+    FilledForm filled;
+    CMainWindowPeer window(
+        filled.form, [] { return false; }, [] {});
+    filled.form.Load();
+    filled.form.SetState(ui::WindowState::Minimized);
+    EXPECT_TRUE(window.isVisible() && window.isMinimized());
+    const CCount hidden(window, QEvent::Hide);
+    filled.form.SetState(ui::WindowState::Normal);
+    filled.form.SetVisible(true);
+
+    EXPECT_EQ(hidden.number, 0);
+    EXPECT_TRUE(window.isVisible() && !window.isMinimized());
+}
+
 TEST(Window, MadeTooSmallForAPage_LetsItBeScrolled)
 {
     ShownWindow shown;

@@ -69,8 +69,15 @@ void CMainWindowPeer::Mirror()
         MirrorVisible();
     else if (m_form.Loaded() && m_form.State() == ui::WindowState::Minimized && !m_canBeReached())
         ShowInTaskBar();
-    else
+    else if (!IsOnItsWayBack())
         hide();
+}
+
+// From the task bar; the form becomes visible next. A window that goes and comes again at once is taken for one that has
+// gone by a window manager that is busy.
+bool CMainWindowPeer::IsOnItsWayBack() const
+{
+    return isMinimized() && m_form.Loaded() && m_form.State() != ui::WindowState::Minimized;
 }
 
 void CMainWindowPeer::ShowInTaskBar()

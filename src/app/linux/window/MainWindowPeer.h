@@ -23,6 +23,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    bool IsOnItsWayBack() const;
     void ShowInTaskBar();
     void MirrorVisible();
     void MirrorTimer();
