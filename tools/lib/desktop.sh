@@ -12,9 +12,13 @@ desktop_server() {
     desktop_pids+=($!)
 }
 
+# True for a process that this shell has started. The number of one that has ended may belong to somebody else's by now.
+is_child() { [ "$(ps -o ppid= -p "$1" | tr -d ' ')" = $$ ]; }
+
 # Ends the process and waits for it; after five seconds by force.
 end_process() {
     local pid=$1
+    is_child "$pid" || return 0
     kill "$pid" 2>/dev/null || return 0
     wait_until 5 has_ended "$pid" || kill -9 "$pid" 2>/dev/null
     wait "$pid" 2>/dev/null || true

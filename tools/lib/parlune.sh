@@ -40,7 +40,7 @@ parlune_end() {
 
 parlune_kill() {
     [ -n "$parlune_pid" ] || return 0
-    kill -9 "$parlune_pid" 2>/dev/null || true
+    ! is_child "$parlune_pid" || kill -9 "$parlune_pid" 2>/dev/null || true
     wait "$parlune_pid" 2>/dev/null || true
     parlune_pid=
 }
