@@ -8,6 +8,7 @@
 #include <QGuiApplication>
 #include <QMimeData>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -54,9 +55,9 @@ public:
 private:
     void CopyWhatIsDue()
     {
-        do
+        const qint64 due = m_milliseconds > 0 ? m_elapsed.elapsed() / m_milliseconds + 1 : m_copied + 1;
+        while (m_copied < std::min<qint64>(due, m_number))
             Copy();
-        while (m_copied < m_number && m_milliseconds > 0 && m_elapsed.elapsed() >= qint64{m_copied} * m_milliseconds);
         if (m_copied == m_number)
             End();
     }

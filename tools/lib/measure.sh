@@ -1,7 +1,8 @@
 # What a running program takes from the system, and how fast it answers. Source parlune.sh before.
 # shellcheck shell=bash
 
-pss_kilobytes() { awk '/^Pss:/ { print $2 }' "/proc/$parlune_pid/smaps_rollup"; }
+# Its own memory: unlike PSS it does not depend on who else runs the same program.
+own_kilobytes() { awk '/^Anonymous:/ { print $2 }' "/proc/$parlune_pid/smaps_rollup"; }
 descriptor_count() { find "/proc/$parlune_pid/fd" -mindepth 1 | wc -l; }
 thread_count() { find "/proc/$parlune_pid/task" -mindepth 1 -maxdepth 1 | wc -l; }
 
