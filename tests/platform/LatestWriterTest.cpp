@@ -1,6 +1,6 @@
 #include "platform/LatestWriter.h"
+#include "support/Gate.h"
 #include <gtest/gtest.h>
-#include <latch>
 #include <stdexcept>
 #include <thread>
 
@@ -27,19 +27,19 @@ TEST(LatestWriter, Write_AContent_IsWrittenByAnotherThread)
 TEST(LatestWriter, Write_WhileAnotherIsBeingWritten_OnlyTheNewestFollows)
 {
     Contents written;
-    std::latch begun(1), mayEnd(1);
+    support::CGate begun, mayEnd;
     CLatestWriter contents([&](const std::string& content) {
         written.push_back(content);
         if (content == "first") {
-            begun.count_down();
-            mayEnd.wait();
+            begun.Open();
+            mayEnd.Wait();
         }
     });
     contents.Write("first");
-    begun.wait();
+    begun.Wait();
     contents.Write("second");
     contents.Write("third");
-    mayEnd.count_down();
+    mayEnd.Open();
     contents.Finish();
 
     EXPECT_EQ(written, (Contents{"first", "third"}));
@@ -54,20 +54,20 @@ TEST(LatestWriter, Finish_NothingWritten_Returns)
 TEST(LatestWriter, End_AContentWaits_IsWrittenFirst)
 {
     Contents written;
-    std::latch begun(1), mayEnd(1);
+    support::CGate begun, mayEnd;
     std::thread other;
     {
         CLatestWriter contents([&](const std::string& content) {
             written.push_back(content);
             if (content == "first") {
-                begun.count_down();
-                mayEnd.wait();
+                begun.Open();
+                mayEnd.Wait();
             }
         });
         contents.Write("first");
-        begun.wait();
+        begun.Wait();
         contents.Write("second");
-        other = std::thread([&] { mayEnd.count_down(); });
+        other = std::thread([&] { mayEnd.Open(); });
     }
     other.join();
     EXPECT_EQ(written, (Contents{"first", "second"}));
