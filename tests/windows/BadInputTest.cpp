@@ -260,6 +260,7 @@ TEST_F(BadStore, FolderOfTwoHundredAndFiftyCharacters_Runs)
     ASSERT_TRUE(CopyFileA((CParlune::Folder() + "Parlune.exe").c_str(), (folder + "Parlune.exe").c_str(), FALSE));
     parlune.Start({}, agent.Variables(), folder);
     ASSERT_TRUE(agent.Sees("call Character[Bot].Show"));
+    agent.Rest();
     parlune.Click("chkStartWithWindows");
 
     EXPECT_TRUE(Eventually(
@@ -315,6 +316,7 @@ TEST_F(SealedFolder, OfTheProgram_StartsAndEndsAndSaves)
 {
     parlune.Start({}, agent.Variables(), "C:\\sealed\\");
     ASSERT_TRUE(agent.Sees("call Character[Bot].Show"));
+    agent.Rest();
     parlune.SetText("txtUserName", "after");
     parlune.End();
 
@@ -327,6 +329,7 @@ TEST_F(SealedFolder, OfProgramAndWithoutAppData_KeepsTheProgramAlive)
     variables["APPDATA"] = std::nullopt;
     parlune.Start({}, variables, "C:\\sealed\\");
     ASSERT_TRUE(agent.Sees("call Character[Bot].Show"));
+    agent.Rest();
     parlune.Show();
     ShowPage(Page::Balloon);
     parlune.Click("cmdSetFont(0)");
