@@ -1,5 +1,8 @@
 #include "platform/windows/WindowsProfile.h"
 #include "Support.h"
+#include "platform/windows/Handle.h"
+#include "platform/windows/Text.h"
+#include <thread>
 
 namespace platform::windowsdesktop {
 namespace {
@@ -34,6 +37,23 @@ TEST_F(Profile, Write_ASecondKey_GoesToItsSection)
     Put("[Merlin]\r\nFontName=Arial\r\n[Robby]\r\nFontName=Tahoma\r\n");
     EXPECT_TRUE(Write("merlin", "FontSize", "12"));
     EXPECT_EQ(Bytes(), "[Merlin]\r\nFontName=Arial\r\nFontSize=12\r\n[Robby]\r\nFontName=Tahoma\r\n");
+}
+
+// As programs do that look through every changed file.
+TEST_F(Profile, Write_WhileAnotherProgramReadsTheFile_WaitsUntilItLetsGo)
+{
+    Put("[Merlin]\r\nFontName=Arial\r\n");
+    CHandle reader(CreateFileW(ToWide(file).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                               OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    ASSERT_TRUE(reader.Open());
+    std::thread other([&] {
+        Sleep(100);
+        reader.Close();
+    });
+
+    EXPECT_TRUE(Write("Merlin", "FontSize", "12"));
+    other.join();
+    EXPECT_EQ(Bytes(), "[Merlin]\r\nFontName=Arial\r\nFontSize=12\r\n");
 }
 
 TEST_F(Profile, Write_AnExistingKey_IsChangedInItsPlace)

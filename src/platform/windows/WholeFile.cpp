@@ -10,11 +10,23 @@ constexpr DWORD Everybody = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELE
 constexpr std::size_t PieceSize = 1 << 20;
 constexpr int NamesTried = 100;
 constexpr int PuttingsTried = 5;
+constexpr int OpeningsTried = 50;
 constexpr DWORD BetweenTriesMilliseconds = 10;
 
 CHandle OpenFile(const std::wstring& path, DWORD access, DWORD sharing)
 {
     return CHandle(CreateFileW(path.c_str(), access, sharing, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+}
+
+// A program that looks through every new file lets go of it soon.
+CHandle OpenForReplacing(const std::wstring& path)
+{
+    for (int tried = 1;; ++tried) {
+        CHandle file = OpenFile(path, GENERIC_WRITE | DELETE, Everybody);
+        if (file.Open() || GetLastError() != ERROR_SHARING_VIOLATION || tried == OpeningsTried)
+            return file;
+        Sleep(BetweenTriesMilliseconds);
+    }
 }
 
 bool LiesOnADisk(const CHandle& file) { return GetFileType(file.Get()) == FILE_TYPE_DISK; }
@@ -97,7 +109,7 @@ bool MayBeReplaced(std::wstring& place)
         return false;
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & (FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY)) != 0)
         throw failure::PathFileAccess();
-    const CHandle file = OpenFile(place, GENERIC_WRITE | DELETE, Everybody);
+    const CHandle file = OpenForReplacing(place);
     if (!file.Open())
         throw FailureOfError(GetLastError());
     if (!LiesOnADisk(file))
@@ -184,7 +196,7 @@ bool CReplacement::Replace() const
            0;
 }
 
-// Disks of other systems cannot replace but can move over. A program that looks through every new file lets go of it soon.
+// Disks of other systems cannot replace but can move over.
 void CReplacement::Put()
 {
     m_put = Replace();

@@ -1,10 +1,10 @@
 #include "driver/Desk.h"
 #include "driver/WebPages.h"
 #include "platform/windows/Text.h"
+#include "platform/windows/WholeFile.h"
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 
 using platform::windowsdesktop::ToWide;
@@ -80,8 +80,8 @@ void WriteFile(const std::string& path, const std::string& contents)
 
 std::string Contents(const std::string& path)
 {
-    std::ifstream stream(std::filesystem::path(ToWide(path)), std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    std::uint32_t error = 0;  // A stream would keep the program from replacing the file meanwhile.
+    return platform::windowsdesktop::ReadWhole(ToWide(path), error).value_or("");
 }
 
 bool FileExists(const std::string& path) { return GetFileAttributesW(ToWide(path).c_str()) != INVALID_FILE_ATTRIBUTES; }
