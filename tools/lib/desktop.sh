@@ -12,8 +12,8 @@ desktop_server() {
     desktop_pids+=($!)
 }
 
-# True for a process that this shell has started. The number of one that has ended may belong to somebody else's by now.
-is_child() { [ "$(ps -o ppid= -p "$1" | tr -d ' ')" = $$ ]; }
+# True for a process that this shell or subshell has started. The number of one that has ended may belong to somebody else's by now.
+is_child() { [ "$(ps -o ppid= -p "$1" | tr -d ' ')" = "$BASHPID" ]; }
 
 # Ends the process and waits for it; after five seconds by force.
 end_process() {
